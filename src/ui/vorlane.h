@@ -1,0 +1,107 @@
+// The main window object: every control of the main window and every variable of a run.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "store/files.h"
+#include "ui/controls.h"
+#include "ui/platform.h"
+
+struct Edit_Form;
+struct About_Form;
+
+struct Vorlane : Form_Window {
+  Vorlane(Platform& platform, Files& files = Disk());
+  ~Vorlane();
+  Vorlane(const Vorlane&) = delete;
+  Vorlane& operator=(const Vorlane&) = delete;
+
+  Platform& platform;
+  Files& files;
+
+  // --- Controls ---------------------------------------------------------------------------
+  Slider_Control Slider;
+  Label L_Info_Line;
+  Label L_NLine;
+  Line Line1;
+  Line Line2;
+  std::array<Label, 32> Cells;  // L_1 .. L_32, reached through L(n)
+  Label L_Info_User;
+  Label L_NByte;
+  Label Help;
+  List_Box List;
+  Label L_Edt;
+  Check_Box Check;
+  Label L_Fix;
+  Label L_Fix_1;
+  Label L_Message;
+  Button Com1;
+  Button Com2;
+  Status_Bar SBar_1;
+  Status_Bar SBar_2;
+  Status_Bar SBar_3;
+  Button ComExit;
+  Text_Box Txt_Free;
+  Common_Dialog CD;
+
+  Menu_Item nFile, nOpen, nNew, nSave, nSaveas, n1, nExit;
+  Menu_Item nView, nKey_2, nKey_1, nItem, nNPC_Names, nQests, nQuests, nTrigers;
+  Menu_Item nTools, nEdit, nType, nCurrent, nChaing;
+  Menu_Item nRecord, nNext, nBack;
+  Menu_Item nAbout;
+
+  // A menu item by its name ("nOpen"); nullptr for a name that is none.
+  Menu_Item* Menu(std::string_view name);
+
+  // Byte cell n, 1 .. 32.
+  Label& L(int n) { return Cells[static_cast<std::size_t>(n - 1)]; }
+  const Label& L(int n) const { return Cells[static_cast<std::size_t>(n - 1)]; }
+
+  // --- The file image ---------------------------------------------------------------------
+  std::string HexImage;
+  std::string Saved_Image;
+  std::string FileType;  // "ja" for the Buka variant, empty for the standard one
+  std::array<std::string, 50> Records;  // Record_1 .. Record_50, reached through Record(k)
+  std::int16_t Current_Record = 0;
+  std::int32_t Start_Char = 0;
+
+  std::string& Record(int k) { return Records[static_cast<std::size_t>(k - 1)]; }
+  const std::string& Record(int k) const { return Records[static_cast<std::size_t>(k - 1)]; }
+
+  // --- Shared working storage -------------------------------------------------------------
+  std::string File_Path;
+  std::string Work_Text;
+  std::string Work_Text_2;
+  std::string Work_Text_3;
+  std::int32_t Work_Long = 0;
+  std::int16_t Loop_Index = 0;
+  std::int16_t File_Number = 0;
+  std::uint8_t Byte_Buffer = 0;
+  std::string Selected_Field;
+
+  // Constants set at start-up.
+  std::string Color_Normal;
+  std::string Color_Field;
+  std::string Color_Select;
+  std::string Hint_Text;
+  std::string Error_Title;
+  std::string Bad_Record_Text;
+
+  // The speech file.
+  std::int16_t Edt_Kind = 0;
+  std::int16_t Edt_Entry_Size = 0;
+  std::string Edt_Path;
+  std::int64_t Edt_File_Size = 0;
+
+  // --- The other windows, alive while shown -----------------------------------------------
+  std::unique_ptr<Edit_Form> Edit;
+  std::unique_ptr<About_Form> About;
+
+  // The window has been unloaded (the program ends normally) or ended at once.
+  bool Unloaded = false;
+  bool Ended = false;
+};

@@ -1,0 +1,85 @@
+#include "support/fixture.h"
+
+#include <fstream>
+#include <random>
+
+#include "store/file_commands.h"
+#include "ui/shell.h"
+
+namespace fs = std::filesystem;
+
+Temp_Folder::Temp_Folder() {
+  std::random_device random;
+  root_ = fs::temp_directory_path() / ("vorlane-test-" + std::to_string(random()) + std::to_string(random()));
+  fs::create_directories(root_);
+}
+
+Temp_Folder::~Temp_Folder() {
+  std::error_code ec;
+  fs::permissions(root_, fs::perms::owner_all, fs::perm_options::add, ec);
+  fs::remove_all(root_, ec);
+}
+
+std::string Temp_Folder::Write(const std::string& name, const Bytes& bytes) const {
+  const std::string path = Path(name);
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  return path;
+}
+
+Bytes Read_File(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return Bytes(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+Bytes Record_Bytes(int k) {
+  Bytes record(32);
+  for (int n = 0; n < 32; ++n) record[static_cast<std::size_t>(n)] = static_cast<std::uint8_t>((k + n) % 256);
+  return record;
+}
+
+Bytes Standard_File() {
+  Bytes file;
+  for (int k = 1; k <= 50; ++k) {
+    const Bytes record = Record_Bytes(k);
+    file.insert(file.end(), record.begin(), record.end());
+  }
+  return file;
+}
+
+Bytes Buka_File() {
+  Bytes file{0x39, 0x00, 0x35, 0x00};
+  for (int k = 1; k <= 50; ++k) {
+    const Bytes record = Record_Bytes(k);
+    file.insert(file.end(), record.begin(), record.begin() + (k == 50 ? 28 : 32));
+  }
+  return file;
+}
+
+void Put_Record(Bytes& file, bool buka, int k, const Bytes& record) {
+  const std::size_t offset = (buka ? 4 : 0) + 32 * static_cast<std::size_t>(k - 1);
+  const std::size_t count = buka && k == 50 ? 28 : 32;
+  std::copy(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(count),
+            file.begin() + static_cast<std::ptrdiff_t>(offset));
+}
+
+std::string Cells_Text(const Vorlane& vForm) {
+  std::string joined;
+  for (int n = 1; n <= 32; ++n) joined += vForm.L(n).Caption;
+  return joined;
+}
+
+void Set_Cells(Vorlane& vForm, const std::string& hex) {
+  for (int n = 1; n <= 32; ++n) vForm.L(n).Caption = hex.substr(2 * static_cast<std::size_t>(n - 1), 2);
+}
+
+Window_Test::Window_Test() {
+  window.Width = 9000;
+  window.Height = 7000;
+  Form_Load(window);
+}
+
+void Window_Test::Open(const std::string& path) {
+  platform.Picks.push_back(Dialog_Pick{path});
+  Event([&] { nOpen_Click(window); });
+}
