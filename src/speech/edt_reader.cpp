@@ -1,0 +1,96 @@
+// The reader of .edt speech files. A file is a run of fixed-size entries without header; a
+// character is stored as its Windows-1251 code plus 1 in the low byte of a little-endian word,
+// and "я" (0xFF + 1) as 00 01. The reader walks byte by byte and decides at each 00 by looking
+// two bytes ahead.
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "speech/speech.h"
+#include "store/error_text.h"
+#include "store/failure.h"
+#include "store/number.h"
+#include "ui/vorlane.h"
+
+namespace {
+
+// The walk counts positions in signed 16 bits: no message may end beyond this position.
+constexpr std::int64_t Last_Position = 32767;
+
+// The length of the speech file; a file that has gone since it was chosen reads as empty.
+std::int64_t Length_Or_Empty(Vorlane& vForm) {
+  try {
+    return vForm.files.Length(vForm.Edt_Path);
+  } catch (const Run_Time_Error&) {
+    return 0;
+  }
+}
+
+// Decodes the positions first .. last (1-based) into Txt_Free. `bytes` starts at position first
+// and reaches two positions beyond last where the file has them, for the look-ahead.
+void Decode(Vorlane& vForm, const std::vector<std::uint8_t>& bytes, std::int16_t first, std::int16_t last) {
+  const auto at = [&](std::int64_t p) { return bytes[static_cast<std::size_t>(p - first)]; };
+  std::string& text = vForm.Txt_Free.Text;
+  for (std::int16_t p = first; p <= last; ++p) {
+    const std::uint8_t b = at(p);
+    if (b == 0x20) {
+      text += ' ';
+    } else if (b == 0x00) {
+      if (p + 2 > vForm.Edt_File_Size) break;
+      const std::uint8_t b1 = at(p + 1);
+      const std::uint8_t b2 = at(p + 2);
+      if (vForm.Edt_Kind == 4 && b1 == 0x00 && b2 != 0x01) break;  // comments end at any 00 00 but "я"
+      if (b1 == 0x00 && b2 == 0x00) break;
+      if (b1 == 0x00 && b2 == 0x01) text += cp1251::Character(0xFF);
+    } else {
+      text += cp1251::Character(static_cast<unsigned char>(b - 1));
+    }
+  }
+}
+
+// The one failure road of the reader: the message, then the speech pane goes off.
+void Reading_Failed(Vorlane& vForm) {
+  std::string message = "6";
+  Position::Error_Text(message);
+  vForm.platform.MsgBox(message + "\r\n" + vForm.Edt_Path, msgbox::Critical, vForm.Error_Title);
+  vForm.L_Edt.Caption.clear();
+  vForm.L_Message.Caption = std::string("0");  // not the bare literal: g++ 12 -O2 warns falsely (-Wrestrict)
+  Check_Set_Value(vForm, 0);
+}
+
+}  // namespace
+
+std::int16_t speech::Entry_Size(std::int16_t kind) { return kind == 3 ? 320 : 480; }
+
+std::int32_t speech::Message_Number(const Vorlane& vForm) {
+  const auto n = number::Read_Long(vForm.L_Message.Caption);
+  if (!n) throw Run_Time_Error("no message number: " + vForm.L_Message.Caption);
+  return *n;
+}
+
+void Read_EDT(Vorlane& vForm) {
+  if (vForm.Edt_Kind == 0) return;
+  try {
+    vForm.Txt_Free.Text.clear();
+    vForm.Edt_File_Size = Length_Or_Empty(vForm);
+    vForm.Edt_Entry_Size = speech::Entry_Size(vForm.Edt_Kind);
+
+    // Message N is walked from the last byte of message N - 1 to its own last byte, so that
+    // the look-ahead sees its first two bytes; message 0 has no byte in front of it.
+    const std::int64_t size = vForm.Edt_Entry_Size;
+    const std::int64_t last = std::int64_t{speech::Message_Number(vForm)} * size + size;
+    const std::int64_t first = last == size ? 1 : last - size;
+    if (last < INT32_MIN || last > INT32_MAX) throw Run_Time_Error("position out of range");  // 32-bit positions
+    if (vForm.Edt_File_Size < last) return;  // the message isn't in the file: nothing changes
+    if (last > Last_Position || first < 1) throw Run_Time_Error("position out of range");
+
+    // Only the span and its look-ahead are read, however large the file.
+    const std::int64_t end = std::min(last + 2, vForm.Edt_File_Size);
+    const auto bytes = vForm.files.Read(vForm.Edt_Path, first - 1, static_cast<std::size_t>(end - first + 1));
+    Decode(vForm, bytes, static_cast<std::int16_t>(first), static_cast<std::int16_t>(last));
+    vForm.L_Edt.Caption = vForm.Txt_Free.Text;
+  } catch (const Run_Time_Error&) {
+    Reading_Failed(vForm);
+  }
+}

@@ -1,0 +1,145 @@
+// The speech pane: binding a speech file to the window and stepping through its messages.
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "speech/speech.h"
+#include "store/failure.h"
+#include "store/text.h"
+#include "ui/vorlane.h"
+
+namespace {
+
+// The entries of the open dialog's filter, by filter index, and the kind of speech file that
+// each stands for.
+struct Speech_Kind {
+  int Filter_Index;
+  std::int16_t Kind;
+};
+
+constexpr std::array<Speech_Kind, 4> Kinds{{{1, 1}, {2, 3}, {3, 3}, {4, 4}}};
+
+const char* const Edt_Filter =
+    "Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|(<Civ+2num>.edt or <Sector>.edt)|*.edt|"
+    "Комменнтарии НПЦ (<D_+3num>.edt)|*.edt";
+
+std::int16_t Kind_Of_Filter(int filter_index) {
+  for (const Speech_Kind& entry : Kinds)
+    if (entry.Filter_Index == filter_index) return entry.Kind;
+  throw Run_Time_Error("no such filter entry: " + std::to_string(filter_index));
+}
+
+// The speech file proposed for the NPC file on show: its bare name with .edt for .npc.
+std::string Proposed_Name(Vorlane& vForm) {
+  std::string name = vForm.files.Dir(vForm.SBar_2.SimpleText);
+  const std::size_t length = text::Length(name);
+  if (length > 4 && text::Upper(text::Right(name, 4)) == ".NPC") name = text::Left(name, length - 4) + ".edt";
+  return name;
+}
+
+void Tick(Vorlane& vForm) {
+  try {
+    vForm.CD.Flags = 4100;
+    vForm.CD.FileName = Proposed_Name(vForm);
+    vForm.CD.Filter = Edt_Filter;
+    vForm.CD.FilterIndex = 1;
+    vForm.CD.DialogTitle = "VORLANE - OPEN \"EDT\" FILE...";
+    if (!vForm.platform.ShowOpen(vForm.CD)) throw Run_Time_Error("cancelled");
+    vForm.Edt_Path = vForm.CD.FileName;
+    const std::int64_t length = vForm.files.Length(vForm.Edt_Path);
+    vForm.Com1.Enabled = true;
+    vForm.Com2.Enabled = true;
+
+    // A file shorter than one message is taken all the same, after a word of warning.
+    const std::int16_t kind = Kind_Of_Filter(vForm.CD.FilterIndex);
+    const std::int16_t entry_size = speech::Entry_Size(kind);
+    if (length < entry_size) {
+      vForm.Edt_Entry_Size = entry_size;
+      const std::string size = std::to_string(entry_size);
+      vForm.platform.MsgBox("File " + vForm.Edt_Path + " < " + size + "bytes" + "\r\n" + "One message have size " +
+                                size + " bytes",
+                            msgbox::Warning, "NOTE!");
+    }
+    vForm.Edt_Kind = kind;
+    Read_EDT(vForm);
+  } catch (const Run_Time_Error&) {
+    Check_Set_Value(vForm, 0);
+    vForm.Edt_Kind = 0;
+  }
+}
+
+void Untick(Vorlane& vForm) {
+  vForm.Edt_Kind = 0;
+  vForm.Com1.Enabled = false;
+  vForm.Com2.Enabled = false;
+  vForm.L_Message.Caption = "0";
+  vForm.L_Edt.Caption.clear();
+}
+
+// The bound speech file is gone: say so and let it go.
+void Speech_File_Vanished(Vorlane& vForm) {
+  vForm.platform.MsgBox("Файл " + vForm.Edt_Path + " не найден!" + "\r\n" + " Возможно он был перемещен или удален",
+                        msgbox::Critical, "ERROR");
+  Check_Set_Value(vForm, 0);
+  vForm.Edt_Kind = 0;
+  vForm.L_Edt.Caption.clear();
+  vForm.L_Message.Caption = "0";
+}
+
+// Shows message n of the bound file.
+void Show_Message(Vorlane& vForm, std::int64_t n) {
+  vForm.L_Message.Caption = std::to_string(n);
+  Read_EDT(vForm);
+}
+
+}  // namespace
+
+void Check_Set_Value(Vorlane& vForm, int value) {
+  if (vForm.Check.Value == value) return;
+  vForm.Check.Value = value;
+  Check_Click(vForm);
+}
+
+void Check_Click(Vorlane& vForm) {
+  if (vForm.Check.Value == 0)
+    Untick(vForm);
+  else
+    Tick(vForm);
+}
+
+void Com1_Click(Vorlane& vForm) {
+  if (vForm.Edt_Kind == 0) return;
+  try {
+    if (vForm.files.Dir(vForm.Edt_Path).empty()) {
+      Speech_File_Vanished(vForm);
+      return;
+    }
+    const std::int64_t n = speech::Message_Number(vForm);
+    if (n - 1 < 0) {
+      vForm.platform.Beep();
+      return;
+    }
+    Show_Message(vForm, n - 1);
+  } catch (const Run_Time_Error&) {
+  }
+}
+
+void Com2_Click(Vorlane& vForm) {
+  if (vForm.Edt_Kind == 0) return;
+  try {
+    if (vForm.files.Dir(vForm.Edt_Path).empty()) {
+      Speech_File_Vanished(vForm);
+      return;
+    }
+    vForm.Edt_Entry_Size = speech::Entry_Size(vForm.Edt_Kind);
+    const std::int64_t size = vForm.Edt_Entry_Size;
+    const std::int64_t n = speech::Message_Number(vForm);
+    // A message counts only if its whole entry is in the file.
+    if ((n + 1) * size + size > vForm.files.Length(vForm.Edt_Path)) {
+      vForm.platform.Beep();
+      return;
+    }
+    Show_Message(vForm, n + 1);
+  } catch (const Run_Time_Error&) {
+  }
+}
