@@ -1,0 +1,125 @@
+#include "store/type_report.h"
+
+#include <exception>
+#include <filesystem>
+#include <string>
+
+#include "store/error_text.h"
+#include "store/file_commands.h"
+#include "store/image.h"
+#include "ui/vorlane.h"
+
+namespace {
+
+// A message of the program's error table.
+void Show_Error(Vorlane& vForm, const char* code, int style, const std::string& title) {
+  vForm.Work_Text = code;
+  Position::Error_Text(vForm.Work_Text);
+  vForm.platform.MsgBox(vForm.Work_Text, style, title);
+}
+
+// Whether the two paths name one file: the same file on disk, or the same text for a file that
+// is not there.
+bool Same_File(const std::string& a, const std::string& b) {
+  std::error_code ec;
+  const bool same = std::filesystem::equivalent(a, b, ec);
+  return ec ? a == b : same;
+}
+
+// The window holds a file from disk (not a new one that was never saved) at this path.
+bool On_Show(const Vorlane& vForm, const std::string& path) {
+  const std::string& shown = vForm.SBar_2.SimpleText;
+  return !vForm.SBar_3.SimpleText.empty() && !shown.empty() && shown != New_File_Path && Same_File(shown, path);
+}
+
+}  // namespace
+
+void nCurrent_Click(Vorlane& vForm) {
+  if (vForm.SBar_3.SimpleText.empty()) {
+    Show_Error(vForm, "5", 64, "VORLANE");
+    return;
+  }
+  try {
+    const std::string zeros(64, '0');
+    int count = 0;
+    for (int k = 1; k <= 49; ++k)
+      if (vForm.Record(k) != zeros) ++count;
+    std::string type;
+    std::string remark;
+    if (vForm.FileType == "ja") {
+      // The stump of record 50 is never counted; it is expected to be all zero.
+      if (vForm.Record(50) != zeros.substr(0, 56)) remark = "Bad last record";
+      type = "Агония Власти.";
+    } else {
+      if (vForm.Record(50) != zeros) ++count;
+      type = "JA2-eng. & UB-any ver.";
+    }
+    vForm.platform.MsgBox("Type: " + type + " Records exist: " + std::to_string(count) + " " + remark, 64,
+                          "FILE INFO:");
+  } catch (const std::exception&) {
+    Show_Error(vForm, "6", 48, vForm.Error_Title);
+  }
+}
+
+void nChaing_Click(Vorlane& vForm) {
+  // The conversion works on a file on disk and its own copy of it; the window's image, records
+  // and status bars are never touched. Every failure, Cancel included, ends it without a word.
+  try {
+    auto& cd = vForm.CD;
+    cd.Flags = 4100;
+    cd.FileName.clear();
+    cd.Filter = "*.npc|*.npc|все файлы (*.*)|*.*";
+    cd.FilterIndex = 1;
+    cd.DialogTitle = "VORLANE - OPEN FILE FOR CHANGE";
+    if (!vForm.platform.ShowOpen(cd)) return;
+    vForm.File_Path = cd.FileName;
+    if (vForm.files.Length(vForm.File_Path) != static_cast<std::int64_t>(image::File_Size)) {
+      Show_Error(vForm, "3", 48, vForm.Error_Title);
+      return;
+    }
+    vForm.Work_Text_2 = image::Hex_Text(vForm.files.Read(vForm.File_Path, 0, image::File_Size));
+    vForm.Work_Text_3 = vForm.Work_Text_2.substr(0, 8);
+    const bool buka = vForm.Work_Text_3 == image::Buka_Mark;
+
+    // The title names the type the file has; the list starts on the other one. FileName stays,
+    // so the dialog proposes the file just opened.
+    cd.Flags = 6;
+    cd.Filter = "Buka:АВ|*.npc|Ja2:eng.,UB:eng.&rus.|*.npc";
+    if (buka) {
+      cd.DialogTitle = "VORLANE - CURRENT TYPE: BUKA: АВ. SAVE AS...";
+      cd.FilterIndex = 2;
+    } else {
+      cd.DialogTitle = "VORLANE - CURRENT TYPE: JA2:ENG.,UB:ENG.&RUS. SAVE AS...";
+      cd.FilterIndex = 1;
+    }
+    if (!vForm.platform.ShowSave(cd)) return;
+    vForm.File_Path = cd.FileName;
+
+    // 3192 characters: the 1596 bytes that stay, the mark put in front or taken away.
+    if (cd.FilterIndex == 1) {
+      if (buka) return;
+      vForm.Work_Text_2 = image::Buka_Mark + vForm.Work_Text_2.substr(0, 3192);
+    } else if (cd.FilterIndex == 2) {
+      if (!buka) return;
+      vForm.Work_Text_2 = vForm.Work_Text_2.substr(8, 3192) + "00000000";
+    } else {
+      Show_Error(vForm, "4", 16, vForm.Error_Title);
+      return;
+    }
+
+    // The converted file goes where the save dialog says: the proposed name converts the file in
+    // place, another name writes a converted copy and leaves the file picked first as it was.
+    // The file on show in the window is refused: its image would still hold the old variant,
+    // and the next save would silently write that back over the conversion.
+    if (On_Show(vForm, vForm.File_Path)) {
+      vForm.platform.MsgBox("Файл " + vForm.File_Path +
+                                " открыт в окне. Сохраните результат под другим именем или сначала откройте другой файл.",
+                            48, vForm.Error_Title);
+      return;
+    }
+    // Written whole to a new file that then takes the old one's place: a failure half way leaves
+    // the old file as it was.
+    vForm.files.Write(vForm.File_Path, image::Bytes_Of(vForm.Work_Text_2));
+  } catch (const std::exception&) {
+  }
+}
