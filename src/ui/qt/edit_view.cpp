@@ -1,0 +1,214 @@
+#include "ui/qt/edit_view.h"
+
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QWindow>
+
+#include <functional>
+
+#include "ui/layout.h"
+#include "ui/qt/main_view.h"
+#include "ui/shell.h"
+
+namespace qtview {
+namespace {
+
+// Txt_1: every key that gives a character goes through the logic's key filter first.
+class Number_Box : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+  std::function<int(int)> Key_Press;
+  std::function<void()> Got_Focus;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const QString text = event->text();
+    // Keys that give no character (arrows, Delete, function keys) raise no key press, and Esc
+    // belongs to the window's cancel button before the box sees it.
+    if (!text.isEmpty() && text != QString(QChar(0x7F)) && event->key() != Qt::Key_Escape && Key_Press) {
+      if (Key_Press(text.at(0).unicode()) == 0) {
+        event->accept();
+        return;
+      }
+    }
+    QLineEdit::keyPressEvent(event);
+  }
+  void focusInEvent(QFocusEvent* event) override {
+    QLineEdit::focusInEvent(event);
+    if (Got_Focus) Got_Focus();
+  }
+};
+
+const Geometry& Edit_Geometry(std::string_view name) { return *layout::Find(layout::Edit_Controls(), name); }
+
+template <class W>
+W* Make(QWidget* parent, std::string_view name) {
+  auto* widget = new W(parent);
+  const Geometry& g = Edit_Geometry(name);
+  widget->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+  widget->setGeometry(Px(g.Left), Px(g.Top), Px(g.Width), Px(g.Height));
+  return widget;
+}
+
+}  // namespace
+
+template <class Handler>
+void Edit_View::Dispatch(Handler&& handler) {
+  if (!form_) return;
+  Edit_Form& form = *form_;
+  owner_.Dispatch([&] { handler(form); });
+}
+
+Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owner_(owner), form_(&form) {
+  setObjectName("Edit");
+  setAttribute(Qt::WA_DeleteOnClose, false);
+  setFont(Default_Font());
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                 Qt::MSWindowsFixedSizeDialogHint);
+  setFixedSize(Px(layout::Edit_Client_Width), Px(layout::Edit_Client_Height));
+  setModal(false);
+
+  f_1_ = Make<QGroupBox>(this, "F_1");
+  list_ = Make<QListWidget>(this, "List");
+  f_2_ = Make<QGroupBox>(f_1_, "F_2");
+  l_1_ = Label_View(Make<QLabel>(f_2_, "L_1"));
+  l_h_ = Label_View(Make<QLabel>(f_2_, "L_H"));
+  l_2_ = Label_View(Make<QLabel>(f_2_, "L_2"));
+  l_d_ = Label_View(Make<QLabel>(f_2_, "L_D"));
+  f_3_ = Make<QGroupBox>(this, "F_3");
+  auto* number_box = Make<Number_Box>(this, "Txt_1");
+  txt_1_ = number_box;
+  txt_4_ = Make<QLineEdit>(this, "Txt_4");
+  txt_4_->setReadOnly(true);
+  Set_Back_Colour(txt_4_, colour::Light_3D);
+  o_2_ = Make<QRadioButton>(this, "O_2");
+  o_1_ = Make<QRadioButton>(this, "O_1");
+  com_apply_ = Make<QPushButton>(this, "ComApply");
+  com_ok_ = Make<QPushButton>(this, "ComOK");
+  com_cl_ = Make<QPushButton>(this, "ComCl");
+  for (QRadioButton* option : {o_1_, o_2_}) option->setAutoExclusive(false);
+  // The window has no default button: Enter presses nothing.
+  for (QPushButton* button : {com_apply_, com_ok_, com_cl_}) {
+    button->setAutoDefault(false);
+    button->setDefault(false);
+  }
+  f_1_->lower();
+  f_3_->lower();
+  list_->setAccessibleName("Select byte");
+  txt_1_->setAccessibleName("Number");
+  txt_4_->setAccessibleName("Encoded");
+
+  // Focus order by the tab indexes: Txt_1, List, ComOK, ComCl, Txt_4, O_1, O_2, ComApply.
+  setTabOrder(txt_1_, list_);
+  setTabOrder(list_, com_ok_);
+  setTabOrder(com_ok_, com_cl_);
+  setTabOrder(com_cl_, txt_4_);
+  setTabOrder(txt_4_, o_1_);
+  setTabOrder(o_1_, o_2_);
+  setTabOrder(o_2_, com_apply_);
+
+  connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
+    if (!form_ || row < 0) return;
+    form_->List.ListIndex = row;
+    Dispatch([](Edit_Form& f) { Edit_List_Click(f); });
+  });
+  number_box->Key_Press = [this](int key) {
+    int code = key;
+    Dispatch([&](Edit_Form& f) { Txt_1_KeyPress(f, code); });
+    return code;
+  };
+  number_box->Got_Focus = [this] {
+    Dispatch([](Edit_Form& f) { Txt_1_GotFocus(f); });
+    if (form_ && form_->Txt_1.SelLength > 0) txt_1_->setSelection(form_->Txt_1.SelStart, form_->Txt_1.SelLength);
+  };
+  connect(txt_1_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    if (!form_) return;
+    form_->Txt_1.Text = text.toStdString();
+    rendered_.txt_1 = form_->Txt_1.Text;
+  });
+  connect(o_1_, &QRadioButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { O_1_Click(f); }); });
+  connect(o_2_, &QRadioButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { O_2_Click(f); }); });
+  connect(com_apply_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComApply_Click(f); }); });
+  connect(com_ok_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComOK_Click(f); }); });
+  connect(com_cl_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComCl_Click(f); }); });
+
+  // The window was placed by its start-up on an estimate of its size; place it on the real one.
+  form.Width = width() * layout::Twips_Per_Pixel;
+  form.Height = height() * layout::Twips_Per_Pixel;
+  Position::Place_Controls(form, owner_.Model().platform.Screen());
+  move(Px(form.Left), Px(form.Top));
+  winId();
+  if (QWindow* window = windowHandle()) window->setTransientParent(owner_.windowHandle());
+  Render();
+}
+
+void Edit_View::Render() {
+  if (!form_) return;
+  Edit_Form& f = *form_;
+  setWindowTitle(Q(f.Caption));
+  f_1_->setTitle(Q(f.F_1.Caption));
+  f_2_->setTitle(Q(f.F_2.Caption));
+  f_3_->setTitle(Q(f.F_3.Caption));
+  l_1_.Render(f.L_1);
+  l_h_.Render(f.L_H);
+  l_2_.Render(f.L_2);
+  l_d_.Render(f.L_D);
+  if (rendered_.list_revision != f.List.Revision) {
+    rendered_.list_revision = f.List.Revision;
+    const QSignalBlocker block(list_);
+    list_->clear();
+    for (const auto& item : f.List.Items) list_->addItem(Q(item));
+    rendered_.list_index = -2;
+  }
+  if (rendered_.list_index != f.List.ListIndex) {
+    rendered_.list_index = f.List.ListIndex;
+    const QSignalBlocker block(list_);
+    list_->setCurrentRow(f.List.ListIndex);
+  }
+  Set_If_Changed(rendered_.txt_1, f.Txt_1.Text, [&](const QString& t) {
+    const QSignalBlocker block(txt_1_);
+    txt_1_->setText(t);
+  });
+  Set_If_Changed(rendered_.txt_4, f.Txt_4.Text, [&](const QString& t) { txt_4_->setText(t); });
+  for (auto [widget, model] : {std::pair{o_1_, &f.O_1}, std::pair{o_2_, &f.O_2}}) {
+    widget->setText(Q(model->Caption));
+    const QSignalBlocker block(widget);
+    widget->setChecked(model->Value);
+  }
+  for (auto [widget, model] : {std::pair{com_apply_, &f.ComApply}, std::pair{com_ok_, &f.ComOK}, std::pair{com_cl_, &f.ComCl}}) {
+    widget->setText(Q(model->Caption));
+    widget->setEnabled(model->Enabled);
+  }
+  if (rendered_.focus_serial != f.Focus_Serial) {
+    rendered_.focus_serial = f.Focus_Serial;
+    if (auto* target = findChild<QWidget*>(Q(f.Focus))) {
+      activateWindow();
+      target->setFocus();
+    }
+  }
+}
+
+void Edit_View::Detach() {
+  form_ = nullptr;
+  hide();
+  deleteLater();
+}
+
+void Edit_View::reject() {
+  // Esc presses the cancel button.
+  if (form_) com_cl_->click();
+}
+
+void Edit_View::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (form_) owner_.Dispatch([&] { Unload_Edit(owner_.Model()); });
+}
+
+}  // namespace qtview

@@ -1,0 +1,57 @@
+// The Edit window on Qt widgets: a fixed dialog without minimise or maximise, no task-bar entry,
+// not modal (the main window is disabled by the logic instead).
+#pragma once
+
+#include <QDialog>
+
+#include <string>
+
+#include "ui/edit.h"
+#include "ui/qt/widgets.h"
+
+class QGroupBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+
+namespace qtview {
+
+class Main_View;
+
+class Edit_View : public QDialog {
+  Q_OBJECT
+
+ public:
+  Edit_View(Main_View& owner, Edit_Form& form);
+
+  Edit_Form& Form() const { return *form_; }
+  // The form is gone: the view stops rendering and deletes itself.
+  void Detach();
+  void Render();
+
+ protected:
+  void reject() override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  template <class Handler>
+  void Dispatch(Handler&& handler);
+
+  Main_View& owner_;
+  Edit_Form* form_;
+  QGroupBox *f_1_, *f_2_, *f_3_;
+  QListWidget* list_;
+  Label_View l_1_, l_h_, l_2_, l_d_;
+  QLineEdit *txt_1_, *txt_4_;
+  QRadioButton *o_1_, *o_2_;
+  QPushButton *com_apply_, *com_ok_, *com_cl_;
+  struct Rendered {
+    unsigned list_revision = ~0u;
+    int list_index = -2;
+    std::string txt_1 = "\x01", txt_4 = "\x01";
+    unsigned focus_serial = 0;
+  } rendered_;
+};
+
+}  // namespace qtview

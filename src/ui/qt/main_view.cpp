@@ -1,0 +1,423 @@
+#include "ui/qt/main_view.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include "ui/byte_grid.h"
+#include "ui/layout.h"
+#include "ui/navigation.h"
+#include "ui/qt/about_view.h"
+#include "ui/qt/edit_view.h"
+#include "ui/reference_lists.h"
+#include "speech/speech.h"
+#include "ui/shell.h"
+
+namespace qtview {
+namespace {
+
+// The client area: the bare window below the menu bar, with its two lines.
+class Client_Area : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const int y = Px(layout::Line_Y);
+    painter.setPen(QPen(Colour(0x00008080), 2));  // Line1
+    painter.drawLine(0, y, Px(layout::Line_X2), y);
+    painter.setPen(QPen(Colour(colour::Window_Background), 1));  // Line2
+    painter.drawLine(0, y, Px(layout::Line_X2), y);
+  }
+};
+
+void Place(QWidget* widget, const Geometry& g) {
+  widget->setObjectName(QString::fromUtf8(g.Name.data(), static_cast<qsizetype>(g.Name.size())));
+  widget->setGeometry(Px(g.Left), Px(g.Top), Px(g.Width), Px(g.Height));
+}
+
+const Geometry& Main_Geometry(std::string_view name) { return *layout::Find(layout::Main_Controls(), name); }
+
+}  // namespace
+
+Main_View::Main_View(Vorlane& model, Qt_Platform& platform) : model_(model), platform_(platform) {
+  setObjectName("Vorlane");
+  setFont(Default_Font());
+  platform_.Before_Modal = [this] { Render(); };
+  platform_.Dialog_Parent = [this]() -> QWidget* {
+    if (edit_view_) return edit_view_.data();
+    return this;
+  };
+  Build_Controls();
+  Build_Menus();
+  setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                 Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
+  layout()->setSizeConstraint(QLayout::SetFixedSize);  // the window can't be resized
+  qApp->installEventFilter(this);
+}
+
+Main_View::~Main_View() {
+  qApp->removeEventFilter(this);
+  platform_.Before_Modal = nullptr;
+  platform_.Dialog_Parent = nullptr;
+  delete edit_view_.data();
+  delete about_view_.data();
+}
+
+QLabel* Main_View::Make_Label(const std::string& name, Label_View* view) {
+  auto* label = new QLabel(client_);
+  Place(label, Main_Geometry(name));
+  label->setMouseTracking(true);
+  label->installEventFilter(this);
+  mouse_move_[label] = name;
+  if (view) *view = Label_View(label);
+  return label;
+}
+
+void Main_View::Build_Controls() {
+  client_ = new Client_Area(this);
+  client_->setObjectName("client");
+  client_->setFixedSize(Px(layout::Main_Client_Width), Px(layout::Main_Client_Height));
+  client_->setMouseTracking(true);
+  client_->installEventFilter(this);
+  mouse_move_[client_] = "Vorlane";
+  setCentralWidget(client_);
+
+  slider_ = new QSlider(Qt::Horizontal, client_);
+  Place(slider_, Main_Geometry("Slider"));
+  slider_->setRange(model_.Slider.Min, model_.Slider.Max);
+  slider_->setSingleStep(model_.Slider.SmallChange);
+  slider_->setPageStep(model_.Slider.LargeChange);
+  slider_->setTickPosition(QSlider::TicksBelow);
+  slider_->setTickInterval(1);
+  slider_->setAccessibleName("Record");
+  slider_->setMouseTracking(true);
+  slider_->installEventFilter(this);
+  mouse_move_[slider_] = "Slider";
+  connect(slider_, &QSlider::valueChanged, this, [this](int value) { Dispatch([&] { Slider_Set_Value(model_, value); }); });
+
+  Make_Label("L_Info_Line", &l_info_line_);
+  Make_Label("L_NLine", &l_nline_)->setAlignment(Qt::AlignRight | Qt::AlignTop);
+
+  for (int n = 1; n <= 32; ++n) {
+    auto* cell = new QLabel(client_);
+    Place(cell, layout::Cell(n));
+    cell->setAlignment(Qt::AlignCenter);
+    cell->setMouseTracking(true);
+    cell->installEventFilter(this);
+    cell->setAccessibleDescription(QString("Byte %1").arg(n));
+    cells_[static_cast<std::size_t>(n - 1)] = Label_View(cell);
+    cell_of_[cell] = n;
+  }
+
+  QLabel* info_user = Make_Label("L_Info_User", &l_info_user_);
+  QFont bold = Default_Font();
+  bold.setWeight(QFont::Bold);
+  info_user->setFont(bold);
+  Make_Label("L_NByte", &l_nbyte_)->setAlignment(Qt::AlignRight | Qt::AlignTop);
+
+  for (auto [name, view] : {std::pair{"Help", &help_}, std::pair{"L_Edt", &l_edt_}}) {
+    QLabel* boxed = Make_Label(name, view);
+    boxed->setFrameStyle(QFrame::Box | QFrame::Plain);
+    boxed->setWordWrap(true);
+    boxed->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    boxed->setTextFormat(Qt::PlainText);
+  }
+
+  // ComExit lies under List, whose rectangle covers it: never seen, pressed by Esc.
+  com_exit_ = new QPushButton(client_);
+  Place(com_exit_, Main_Geometry("ComExit"));
+  com_exit_->setAccessibleName("Exit");
+  connect(com_exit_, &QPushButton::clicked, this, [this] { Dispatch([&] { ComExit_Click(model_); }); });
+  auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+  connect(escape, &QShortcut::activated, this, [this] { com_exit_->click(); });
+
+  list_ = new QListWidget(client_);
+  Place(list_, Main_Geometry("List"));
+  Set_Back_Colour(list_, colour::Light_3D);
+  list_->setMouseTracking(true);
+  list_->viewport()->setMouseTracking(true);
+  list_->installEventFilter(this);
+  list_->viewport()->installEventFilter(this);
+  mouse_move_[list_->viewport()] = "List";
+  list_->setAccessibleName("List");
+  connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { model_.List.ListIndex = row; });
+  list_->raise();
+
+  check_ = new QCheckBox(client_);
+  Place(check_, Main_Geometry("Check"));
+  Set_Back_Colour(check_, colour::Active_Border);
+  check_->setAccessibleName(Q(model_.L_Fix.Caption));
+  check_->setMouseTracking(true);
+  check_->installEventFilter(this);
+  mouse_move_[check_] = "Check";
+  connect(check_, &QCheckBox::clicked, this,
+          [this](bool checked) { Dispatch([&] { Check_Set_Value(model_, checked ? 1 : 0); }); });
+
+  Make_Label("L_Fix", &l_fix_);
+  Make_Label("L_Fix_1", &l_fix_1_);
+  Make_Label("L_Message", &l_message_);
+
+  for (auto [name, button, handler] : {std::tuple{"Com1", &com1_, &Com1_Click}, std::tuple{"Com2", &com2_, &Com2_Click}}) {
+    *button = new QPushButton(client_);
+    Place(*button, Main_Geometry(name));
+    (*button)->setMouseTracking(true);
+    (*button)->installEventFilter(this);
+    mouse_move_[*button] = name;
+    connect(*button, &QPushButton::clicked, this, [this, handler = handler] { Dispatch([&] { handler(model_); }); });
+  }
+  com1_->setAccessibleName("Previous message");
+  com2_->setAccessibleName("Next message");
+
+  for (int i = 0; i < 3; ++i) {
+    const std::string name = "SBar_" + std::to_string(i + 1);
+    sbar_[i] = new QLabel(client_);
+    Place(sbar_[i], Main_Geometry(name));
+    sbar_[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    sbar_[i]->setMouseTracking(true);
+    sbar_[i]->installEventFilter(this);
+    mouse_move_[sbar_[i]] = name;
+  }
+
+  txt_free_ = new QLineEdit(client_);
+  Place(txt_free_, Main_Geometry("Txt_Free"));
+  txt_free_->hide();
+
+  setTabOrder(slider_, list_);
+  setTabOrder(list_, check_);
+  setTabOrder(check_, com1_);
+  setTabOrder(com1_, com2_);
+  setTabOrder(com2_, com_exit_);
+  for (QWidget* w : client_->findChildren<QLabel*>()) w->setFocusPolicy(Qt::NoFocus);
+}
+
+void Main_View::Build_Menus() {
+  std::map<std::string_view, QMenu*> menus;
+  for (const Menu_Entry& entry : layout::Main_Menu()) {
+    const QString name = QString::fromUtf8(entry.Name.data(), static_cast<qsizetype>(entry.Name.size()));
+    const bool has_submenu = std::any_of(layout::Main_Menu().begin(), layout::Main_Menu().end(),
+                                         [&](const Menu_Entry& e) { return e.Parent == entry.Name; });
+    QAction* action = nullptr;
+    if (has_submenu) {
+      auto* menu = new QMenu(entry.Parent.empty() ? static_cast<QWidget*>(menuBar()) : menus.at(entry.Parent));
+      menu->setObjectName(name);
+      menus[entry.Name] = menu;
+      action = entry.Parent.empty() ? menuBar()->addMenu(menu) : menus.at(entry.Parent)->addMenu(menu);
+    } else if (entry.Caption == "-") {
+      action = menus.at(entry.Parent)->addSeparator();
+    } else {
+      action = entry.Parent.empty() ? menuBar()->addAction(QString()) : menus.at(entry.Parent)->addAction(QString());
+      if (!entry.Shortcut.empty())
+        action->setShortcut(QKeySequence(QString::fromUtf8(entry.Shortcut.data(), static_cast<qsizetype>(entry.Shortcut.size()))));
+      if (Main_Handler handler = Menu_Click_Handler(entry.Name))
+        connect(action, &QAction::triggered, this, [this, handler] { Dispatch([&] { handler(model_); }); });
+    }
+    action->setObjectName(name);
+    actions_[std::string(entry.Name)] = action;
+  }
+}
+
+void Main_View::Start() {
+  adjustSize();
+  model_.Width = frameGeometry().width() * layout::Twips_Per_Pixel;
+  model_.Height = frameGeometry().height() * layout::Twips_Per_Pixel;
+  Dispatch([&] { Form_Load(model_); });
+  move(Px(model_.Left), Px(model_.Top));
+  model_.SetFocus("Slider");
+  Render();
+}
+
+void Main_View::Render() {
+  if (rendered_.enabled != static_cast<int>(model_.Enabled)) {
+    rendered_.enabled = model_.Enabled;
+    setEnabled(model_.Enabled);
+  }
+  setWindowTitle(Q(model_.Caption));
+  if (rendered_.slider != model_.Slider.Value) {
+    rendered_.slider = model_.Slider.Value;
+    const QSignalBlocker block(slider_);
+    slider_->setValue(model_.Slider.Value);
+  }
+  for (int n = 1; n <= 32; ++n) cells_[static_cast<std::size_t>(n - 1)].Render(model_.L(n));
+  l_info_line_.Render(model_.L_Info_Line);
+  l_nline_.Render(model_.L_NLine);
+  l_info_user_.Render(model_.L_Info_User);
+  l_nbyte_.Render(model_.L_NByte);
+  help_.Render(model_.Help);
+  l_edt_.Render(model_.L_Edt);
+  l_fix_.Render(model_.L_Fix);
+  l_fix_1_.Render(model_.L_Fix_1);
+  l_message_.Render(model_.L_Message);
+
+  if (rendered_.list_revision != model_.List.Revision) {
+    rendered_.list_revision = model_.List.Revision;
+    const QSignalBlocker block(list_);
+    list_->clear();
+    QStringList lines;
+    lines.reserve(static_cast<qsizetype>(model_.List.Items.size()));
+    for (const auto& line : model_.List.Items) lines << Q(line);
+    list_->addItems(lines);
+    rendered_.list_index = -2;
+  }
+  if (rendered_.list_index != model_.List.ListIndex) {
+    rendered_.list_index = model_.List.ListIndex;
+    const QSignalBlocker block(list_);
+    list_->setCurrentRow(model_.List.ListIndex);
+  }
+  Set_If_Changed(rendered_.list_tip, model_.List.ToolTipText, [&](const QString& t) { list_->setToolTip(t); });
+
+  {
+    const QSignalBlocker block(check_);
+    if (rendered_.check != model_.Check.Value) {
+      rendered_.check = model_.Check.Value;
+      check_->setChecked(model_.Check.Value == 1);
+    }
+  }
+  if (rendered_.check_enabled != static_cast<int>(model_.Check.Enabled)) {
+    rendered_.check_enabled = model_.Check.Enabled;
+    check_->setEnabled(model_.Check.Enabled);
+  }
+  com1_->setText(Q(model_.Com1.Caption));
+  com2_->setText(Q(model_.Com2.Caption));
+  if (rendered_.com1_enabled != static_cast<int>(model_.Com1.Enabled)) {
+    rendered_.com1_enabled = model_.Com1.Enabled;
+    com1_->setEnabled(model_.Com1.Enabled);
+  }
+  if (rendered_.com2_enabled != static_cast<int>(model_.Com2.Enabled)) {
+    rendered_.com2_enabled = model_.Com2.Enabled;
+    com2_->setEnabled(model_.Com2.Enabled);
+  }
+  const Status_Bar* bars[3] = {&model_.SBar_1, &model_.SBar_2, &model_.SBar_3};
+  for (int i = 0; i < 3; ++i) {
+    Set_If_Changed(rendered_.sbar_text[i], bars[i]->SimpleText, [&](const QString& t) {
+      sbar_[i]->setText(t);
+      sbar_[i]->setAccessibleName(t);
+    });
+    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText, [&](const QString& t) { sbar_[i]->setToolTip(t); });
+  }
+  Set_If_Changed(rendered_.txt_free, model_.Txt_Free.Text, [&](const QString& t) {
+    const QSignalBlocker block(txt_free_);
+    txt_free_->setText(t);
+  });
+  for (auto& [name, action] : actions_) {
+    const Menu_Item& item = *model_.Menu(name);
+    auto [cache, first] = rendered_.menus.try_emplace(name, item);
+    if (first || cache->second.Caption != item.Caption) {
+      cache->second.Caption = item.Caption;
+      if (!action->isSeparator()) action->setText(Q(item.Caption));
+    }
+    if (first || cache->second.Enabled != item.Enabled) {
+      cache->second.Enabled = item.Enabled;
+      action->setEnabled(item.Enabled);
+    }
+  }
+  if (rendered_.focus_serial != model_.Focus_Serial) {
+    rendered_.focus_serial = model_.Focus_Serial;
+    if (auto* target = client_->findChild<QWidget*>(Q(model_.Focus))) target->setFocus();
+  }
+}
+
+void Main_View::Sync() {
+  if (model_.Edit && (!edit_view_ || &edit_view_->Form() != model_.Edit.get())) {
+    if (edit_view_) edit_view_->Detach();
+    edit_view_ = new Edit_View(*this, *model_.Edit);
+    edit_view_->show();
+  } else if (!model_.Edit && edit_view_) {
+    edit_view_->Detach();
+    edit_view_ = nullptr;
+  }
+  if (model_.About && (!about_view_ || &about_view_->Form() != model_.About.get())) {
+    if (about_view_) about_view_->Detach();
+    about_view_ = new About_View(*this, *model_.About);
+    about_view_->show();
+  } else if (!model_.About && about_view_) {
+    about_view_->Detach();
+    about_view_ = nullptr;
+  }
+  Render();
+  if (edit_view_) edit_view_->Render();
+  if (model_.Unloaded) close();
+}
+
+bool Main_View::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyRelease: {
+      // The window sees the keypad's + and - whatever control has the focus.
+      auto* key = static_cast<QKeyEvent*>(event);
+      auto* widget = qobject_cast<QWidget*>(watched);
+      if (widget && widget->window() == this && isEnabled() && !key->isAutoRepeat() &&
+          (key->modifiers() & Qt::KeypadModifier) && (key->key() == Qt::Key_Plus || key->key() == Qt::Key_Minus)) {
+        const int code = key->key() == Qt::Key_Plus ? key::Keypad_Plus : key::Keypad_Minus;
+        Dispatch([&] { Form_KeyUp(model_, code); });
+        return true;
+      }
+      return false;
+    }
+    case QEvent::MouseMove: {
+      if (auto cell = cell_of_.find(watched); cell != cell_of_.end()) {
+        Dispatch([&] { L_MouseMove(model_, cell->second); });
+        return true;
+      }
+      if (auto control = mouse_move_.find(watched); control != mouse_move_.end()) {
+        if (Main_Handler handler = Mouse_Move_Handler(control->second)) Dispatch([&] { handler(model_); });
+        return true;
+      }
+      return false;
+    }
+    case QEvent::MouseButtonRelease: {
+      auto cell = cell_of_.find(watched);
+      if (cell == cell_of_.end()) return false;
+      auto* mouse = static_cast<QMouseEvent*>(event);
+      // A double click comes as press, release, double click, release: the second release is
+      // no click of its own.
+      const bool second_release = std::exchange(after_double_click_, false);
+      if (mouse->button() == Qt::LeftButton && !second_release &&
+          static_cast<QWidget*>(watched)->rect().contains(mouse->position().toPoint()))
+        Dispatch([&] { L_Click(model_, cell->second); });
+      return true;
+    }
+    case QEvent::MouseButtonDblClick: {
+      auto cell = cell_of_.find(watched);
+      if (cell == cell_of_.end()) return false;
+      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+        after_double_click_ = true;
+        Dispatch([&] { L_DblClick(model_, cell->second); });
+      }
+      return true;
+    }
+    case QEvent::FocusIn:
+      if (watched == list_) Dispatch([&] { List_GotFocus(model_); });
+      return false;
+    default:
+      return false;
+  }
+}
+
+void Main_View::closeEvent(QCloseEvent* event) {
+  if (model_.Ended || model_.Unloaded) {
+    event->accept();
+    return;
+  }
+  Fire(model_, [&] { Unload_Main(model_); });
+  if (model_.Unloaded || model_.Ended) {
+    event->accept();
+  } else {
+    event->ignore();
+    Sync();
+  }
+}
+
+}  // namespace qtview

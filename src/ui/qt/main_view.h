@@ -1,0 +1,97 @@
+// The main window on Qt widgets. Every widget carries its control's name as objectName; user
+// input goes to the logic's handlers, and after each handler the model is rendered back with
+// the widgets' signals blocked. The view decides nothing.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "ui/events.h"
+#include "ui/qt/about_view.h"
+#include "ui/qt/edit_view.h"
+#include "ui/qt/qt_platform.h"
+#include "ui/qt/widgets.h"
+#include "ui/vorlane.h"
+
+class QAction;
+class QCheckBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QSlider;
+
+namespace qtview {
+
+class Main_View : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  Main_View(Vorlane& model, Qt_Platform& platform);
+  ~Main_View() override;
+
+  // The start-up event, then the first render; the caller shows the window.
+  void Start();
+  // Runs a handler of the logic as an event, then brings every window up to date.
+  template <class Handler>
+  void Dispatch(Handler&& handler) {
+    Fire(model_, std::forward<Handler>(handler));
+    Sync();
+  }
+  void Render();
+  Vorlane& Model() { return model_; }
+  Edit_View* Edit_Window() const { return edit_view_; }
+  About_View* About_Window() const { return about_view_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void Build_Controls();
+  void Build_Menus();
+  void Sync();
+  QLabel* Make_Label(const std::string& name, Label_View* view = nullptr);
+
+  Vorlane& model_;
+  Qt_Platform& platform_;
+  QWidget* client_ = nullptr;
+  QSlider* slider_ = nullptr;
+  QListWidget* list_ = nullptr;
+  QCheckBox* check_ = nullptr;
+  QPushButton* com1_ = nullptr;
+  QPushButton* com2_ = nullptr;
+  QPushButton* com_exit_ = nullptr;
+  QLineEdit* txt_free_ = nullptr;
+  std::array<Label_View, 32> cells_;
+  std::map<QObject*, int> cell_of_;
+  Label_View l_info_line_, l_nline_, l_info_user_, l_nbyte_, help_, l_edt_, l_fix_, l_fix_1_, l_message_;
+  QLabel* sbar_[3] = {};
+  std::map<QObject*, std::string> mouse_move_;  // widget -> control whose mouse-move handler runs
+  std::map<std::string, QAction*> actions_;
+
+  // The last rendered state of what is not a label.
+  struct Rendered {
+    int slider = -1;
+    unsigned list_revision = ~0u;
+    int list_index = -2;
+    std::string list_tip;
+    int check = -1;
+    int check_enabled = -1, com1_enabled = -1, com2_enabled = -1;
+    std::array<std::string, 3> sbar_text, sbar_tip;
+    std::string txt_free;
+    std::map<std::string, Menu_Item> menus;
+    unsigned focus_serial = 0;
+    int enabled = -1;
+  } rendered_;
+
+  bool after_double_click_ = false;
+  QPointer<Edit_View> edit_view_;
+  QPointer<About_View> about_view_;
+};
+
+}  // namespace qtview

@@ -1,0 +1,63 @@
+#include "ui/qt/widgets.h"
+
+#include <QGuiApplication>
+
+namespace qtview {
+
+QFont Default_Font() {
+  QFont font;
+  // Where "MS Sans Serif" is missing, a sans of the same width, so that captions fit their cells.
+  font.setFamilies({"MS Sans Serif", "Microsoft Sans Serif", "Liberation Sans", "Arial"});
+  font.setStyleHint(QFont::SansSerif);
+  font.setPointSizeF(8.25);
+  return font;
+}
+
+QColor Colour(std::int32_t value) {
+  const QPalette palette = QGuiApplication::palette();
+  const auto bits = static_cast<std::uint32_t>(value);
+  if (bits & 0x80000000u) {
+    switch (bits & 0xFFu) {
+      case 2: return palette.color(QPalette::Active, QPalette::Highlight);  // active title bar
+      case 5: return palette.color(QPalette::Base);                        // window background
+      case 22: return palette.color(QPalette::Midlight);                   // 3D light
+      default: return palette.color(QPalette::Window);                     // button face, borders
+    }
+  }
+  return QColor(static_cast<int>(bits & 0xFF), static_cast<int>((bits >> 8) & 0xFF), static_cast<int>((bits >> 16) & 0xFF));
+}
+
+QColor Text_Colour(std::int32_t back) {
+  const QPalette palette = QGuiApplication::palette();
+  if (back == colour::Active_Title_Bar) return palette.color(QPalette::Active, QPalette::HighlightedText);
+  return palette.color(QPalette::WindowText);
+}
+
+void Set_Back_Colour(QWidget* widget, std::int32_t back) {
+  QPalette palette = widget->palette();
+  palette.setColor(QPalette::Window, Colour(back));
+  palette.setColor(QPalette::Base, Colour(back));
+  palette.setColor(QPalette::WindowText, Text_Colour(back));
+  widget->setPalette(palette);
+  widget->setAutoFillBackground(true);
+}
+
+void Label_View::Render(const Label& model) {
+  if (first_ || caption_ != model.Caption) {
+    caption_ = model.Caption;
+    const QString text = Q(caption_);
+    widget_->setText(text);
+    widget_->setAccessibleName(text);
+  }
+  if (first_ || back_ != model.BackColor) {
+    back_ = model.BackColor;
+    Set_Back_Colour(widget_, back_);
+  }
+  if (first_ || tip_ != model.ToolTipText) {
+    tip_ = model.ToolTipText;
+    widget_->setToolTip(Q(tip_));
+  }
+  first_ = false;
+}
+
+}  // namespace qtview

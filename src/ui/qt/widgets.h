@@ -1,0 +1,62 @@
+// Small pieces shared by the views: the colour values of the window objects on a Qt palette,
+// and a render cache for labels, so that only what changed is touched.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QLabel>
+#include <QPalette>
+#include <QString>
+
+#include <climits>
+#include <cstdint>
+#include <string>
+
+#include "ui/controls.h"
+#include "ui/layout.h"
+
+namespace qtview {
+
+inline QString Q(const std::string& s) { return QString::fromStdString(s); }
+
+// The window's font: "MS Sans Serif" 8.25 points, or the default sans where it is missing.
+QFont Default_Font();
+
+// Twips to pixels.
+inline int Px(std::int32_t twips) { return twips / layout::Twips_Per_Pixel; }
+
+// A colour of the window objects: a plain 0x00BBGGRR value, or one of the system's scheme
+// mapped to the application palette's role a user recognises (button face, title bar, window,
+// 3D light).
+QColor Colour(std::int32_t value);
+// The text colour that reads on that background.
+QColor Text_Colour(std::int32_t back);
+// Gives a widget that back colour (and the text colour that reads on it).
+void Set_Back_Colour(QWidget* widget, std::int32_t back);
+
+// A label of the window objects on a QLabel: sets caption, back colour and tool tip only when
+// they changed since the last render. The accessible name follows the caption, so a screen
+// reader reads what the user sees.
+class Label_View {
+ public:
+  explicit Label_View(QLabel* widget = nullptr) : widget_(widget) {}
+  void Render(const Label& model);
+  QLabel* Widget() const { return widget_; }
+
+ private:
+  QLabel* widget_;
+  std::string caption_;
+  std::int32_t back_ = INT32_MIN;
+  std::string tip_;
+  bool first_ = true;
+};
+
+// Renders one text property only when it changed.
+template <class Setter>
+void Set_If_Changed(std::string& cache, const std::string& value, Setter&& set) {
+  if (cache == value) return;
+  cache = value;
+  set(Q(value));
+}
+
+}  // namespace qtview

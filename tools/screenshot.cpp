@@ -1,0 +1,81 @@
+// Takes pictures of the windows for the README: the main window at start, and, given an NPC
+// file (and a speech file), a record being read with a field lit and the speech pane on.
+// Usage: vorlane_screenshot OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QTimer>
+
+#include <deque>
+#include <optional>
+
+#include "speech/speech.h"
+#include "ui/byte_grid.h"
+#include "ui/edit.h"
+#include "ui/about.h"
+#include "ui/navigation.h"
+#include "store/file_commands.h"
+#include "ui/qt/main_view.h"
+#include "ui/qt/qt_platform.h"
+
+namespace {
+
+// The Qt platform, but the file dialogs take their answers from a list.
+class Scripted_Dialogs : public qtview::Qt_Platform {
+ public:
+  std::deque<std::pair<std::string, int>> Picks;
+  bool ShowOpen(Common_Dialog& cd) override { return Take(cd); }
+  bool ShowSave(Common_Dialog& cd) override { return Take(cd); }
+
+ private:
+  bool Take(Common_Dialog& cd) {
+    if (Picks.empty()) return false;
+    cd.FileName = Picks.front().first;
+    cd.FileTitle = QFileInfo(QString::fromStdString(cd.FileName)).fileName().toStdString();
+    if (Picks.front().second) cd.FilterIndex = Picks.front().second;
+    Picks.pop_front();
+    return true;
+  }
+};
+
+void Save(QWidget* widget, const QString& path) {
+  widget->grab().save(path);
+}
+
+}  // namespace
+
+#include <QFileInfo>
+
+int main(int argc, char* argv[]) {
+  QApplication app(argc, argv);
+  if (argc < 2) return 2;
+  const QString out = QString::fromLocal8Bit(argv[1]);
+  QDir().mkpath(out);
+  Scripted_Dialogs platform;
+  Vorlane model(platform);
+  qtview::Main_View window(model, platform);
+  window.Start();
+  window.show();
+  QApplication::processEvents();
+  Save(&window, out + "/main.png");
+  if (argc >= 3) {
+    platform.Picks.push_back({argv[2], 0});
+    window.Dispatch([&] { nOpen_Click(model); });
+    if (argc >= 6) {
+      platform.Picks.push_back({argv[3], 1});
+      window.Dispatch([&] { Check_Set_Value(model, 1); });
+      window.Dispatch([&] { Slider_Set_Value(model, std::atoi(argv[4])); });
+      window.Dispatch([&] { L_MouseMove(model, std::atoi(argv[5])); });
+    }
+    QApplication::processEvents();
+    Save(&window, out + "/record.png");
+    window.Dispatch([&] { nEdit_Click(model); });
+    QApplication::processEvents();
+    if (auto* edit = window.Edit_Window()) Save(edit, out + "/edit.png");
+    window.Dispatch([&] { if (model.Edit) ComCl_Click(*model.Edit); });
+  }
+  window.Dispatch([&] { nAbout_Click(model); });
+  QApplication::processEvents();
+  if (auto* about = window.About_Window()) Save(about, out + "/about.png");
+  return 0;
+}
