@@ -55,7 +55,7 @@ void Reading_Failed(Vorlane& vForm) {
   Position::Error_Text(message);
   vForm.platform.MsgBox(message + "\r\n" + vForm.Edt_Path, msgbox::Critical, vForm.Error_Title);
   vForm.L_Edt.Caption.clear();
-  vForm.L_Message.Caption = std::string("0");  // not the bare literal: g++ 12 -O2 warns falsely (-Wrestrict)
+  vForm.L_Message.Caption = "0";
   Check_Set_Value(vForm, 0);
 }
 
