@@ -80,8 +80,9 @@ void Disk_Files::Write(const std::string& path, const std::vector<std::uint8_t>&
     mode = old.st_mode & 07777;
   }
 
-  std::string temp = (target.parent_path().empty() ? fs::path(".") : target.parent_path()) /
-                     ("." + target.filename().string() + ".XXXXXX");
+  // The new file's name is short and fixed: a name built from the target's could pass the file
+  // system's limit of 255 bytes for a target whose own name is near it.
+  std::string temp = (target.parent_path().empty() ? fs::path(".") : target.parent_path()) / ".vorlane-XXXXXX";
   const int fd = ::mkstemp(temp.data());
   if (fd < 0) Fail("can't create", path);
   try {

@@ -3,7 +3,9 @@
 #include <filesystem>
 
 #include "store/file_commands.h"
+#include "speech/speech.h"
 #include "store/image.h"
+#include "store/text.h"
 #include "support/fixture.h"
 #include "ui/navigation.h"
 #include "ui/shell.h"
@@ -83,14 +85,20 @@ TEST_F(File_Commands, AFileOfAnyOtherSizeIsRefusedAndTheDialogComesAgain) {
   Open_Bytes("good.npc", Standard_File());
   Event([&] { Slider_Set_Value(window, 7); });
   const std::string shown = Cells_Text(window);
-  Pick(folder.Write("short.npc", Bytes(1599)));
-  Pick(folder.Write("long.npc", Bytes(1601)));
-  Pick(folder.Write("empty.npc", Bytes()));
-  Pick(folder.Path(""));  // a folder picked as a file
+  const std::pair<std::string, Bytes> files[] = {
+      {"short.npc", Bytes(1599, 1)},
+      {"long.npc", Bytes(1601, 2)},
+      {"empty.npc", Bytes()},
+      {"huge.npc", Bytes(10 << 20, 3)},
+  };
+  for (const auto& [name, bytes] : files) Pick(folder.Write(name, bytes));
+  const std::string a_folder = folder.Path("a folder.npc");
+  fs::create_directory(a_folder);
+  Pick(a_folder);  // a folder picked as a file
   Cancel_Dialog();
   Event([&] { nOpen_Click(window); });
-  EXPECT_EQ(platform.Dialogs.size(), 6u);
-  ASSERT_EQ(platform.Messages.size(), 4u);
+  EXPECT_EQ(platform.Dialogs.size(), 7u);
+  ASSERT_EQ(platform.Messages.size(), 5u);
   for (const auto& m : platform.Messages) {
     EXPECT_EQ(m.Prompt, "Неверный размер файла");
     EXPECT_EQ(m.Style, 48);
@@ -99,6 +107,9 @@ TEST_F(File_Commands, AFileOfAnyOtherSizeIsRefusedAndTheDialogComesAgain) {
   EXPECT_EQ(window.SBar_2.SimpleText, folder.Path("good.npc"));
   EXPECT_EQ(window.Slider.Value, 7);
   EXPECT_EQ(Cells_Text(window), shown);
+  for (const auto& [name, bytes] : files) EXPECT_TRUE(Read_File(folder.Path(name)) == bytes) << name;
+  EXPECT_TRUE(fs::is_directory(a_folder) && fs::is_empty(a_folder));
+  EXPECT_EQ(Read_File(folder.Path("good.npc")), Standard_File());
 }
 
 TEST_F(File_Commands, CancelInTheOpenDialogChangesNothing) {
@@ -329,6 +340,15 @@ TEST_F(File_Commands, SavingOverALongerFileLeavesExactly1600Bytes) {
   EXPECT_EQ(Read_File(longer), Standard_File());
 }
 
+TEST_F(File_Commands, AFileReplacedByAShorterOneWhileOnShowIsSavedWhole) {
+  const std::string path = Open_Changed();
+  folder.Write("075.npc", Bytes(100, 0x55));
+  Event([&] { nSave_Click(window); });
+  EXPECT_TRUE(platform.Messages.empty());
+  EXPECT_EQ(Read_File(path), Changed_File());
+  EXPECT_EQ(window.Saved_Image, window.HexImage);
+}
+
 TEST_F(File_Commands, AFailedSaveEndsTheProgramAndLeavesTheOldFile) {
   Open_Changed();
   const std::string folder_target = folder.Path("a folder");
@@ -349,6 +369,58 @@ TEST_F(File_Commands, AFailedSaveEndsTheProgramAndLeavesTheOldFile) {
   EXPECT_TRUE(fs::is_directory(folder_target));
   EXPECT_TRUE(fs::is_empty(folder_target));
   EXPECT_EQ(Read_File(folder.Path("075.npc")), Standard_File());
+}
+
+// The disk gives out half way through the write: message 8, the program ends, and every file on
+// disk is as it was, with no half-written file left beside them.
+TEST(File_Save, AWriteThatFailsHalfWayLeavesTheOldFile) {
+  struct Row {
+    const char* name;
+    void (*act)(Vorlane&, Scripted_Platform&, const std::string& other);
+    std::size_t questions;
+    std::size_t dialogs;  // the open dialog of the file first, then those of the row
+  };
+  const Row rows[] = {
+      {"Save", [](Vorlane& w, Scripted_Platform&, const std::string&) { nSave_Click(w); }, 0, 1},
+      {"Save as over another file",
+       [](Vorlane& w, Scripted_Platform& p, const std::string& other) {
+         p.Picks.push_back(Dialog_Pick{other});
+         nSaveas_Click(w);
+       },
+       0, 2},
+      {"Yes when leaving",
+       [](Vorlane& w, Scripted_Platform& p, const std::string& other) {
+         p.Answers.push_back(msgbox::Yes);
+         p.Picks.push_back(Dialog_Pick{other});
+         nOpen_Click(w);
+       },
+       1, 1},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    Temp_Folder here;
+    Scripted_Platform p;
+    Failing_Disk disk;
+    Vorlane w(p, disk);
+    Form_Load(w);
+    const std::string path = here.Write("075.npc", Standard_File());
+    const std::string other = here.Write("other.npc", Buka_File());
+    p.Picks.push_back(Dialog_Pick{path});
+    Fire(w, [&] { nOpen_Click(w); });
+    Fire(w, [&] { Slider_Set_Value(w, 3); });
+    w.L(1).Caption = "EE";
+    Fire(w, [&] { Read_From_File(w); });
+    Fire(w, [&] { row.act(w, p, other); });
+    ASSERT_EQ(p.Messages.size(), row.questions + 1);
+    EXPECT_EQ(p.Messages.back().Prompt, "Ошибка во время сохранения файла");
+    EXPECT_EQ(p.Messages.back().Style, 16);
+    EXPECT_EQ(p.Messages.back().Title, "ERROR");
+    EXPECT_TRUE(p.Ended);
+    EXPECT_EQ(p.Dialogs.size(), row.dialogs) << "nothing runs after the failed save";
+    EXPECT_EQ(Read_File(path), Standard_File());
+    EXPECT_EQ(Read_File(other), Buka_File());
+    EXPECT_EQ(std::distance(fs::directory_iterator(here.Path("")), fs::directory_iterator()), 2);
+  }
 }
 
 TEST_F(File_Commands, ExitFollowsTheQuestion) {
@@ -439,12 +511,47 @@ TEST_F(File_Commands, CorrectBarNamesCharacters57To169) {
   }
 }
 
-TEST_F(File_Commands, LongAndCyrillicNamesReachTheStatusBars) {
-  const std::string long_name = std::string(200, 'x') + "Ёж файл.npc";
-  const std::string path = folder.Write(long_name, Standard_File());
-  Open(path);
-  EXPECT_EQ(window.SBar_2.SimpleText, path);
-  EXPECT_EQ(window.SBar_3.SimpleText, std::string(200, 'X') + "ЁЖ ФАЙЛ.NPC");
+std::string Times(int count, const std::string& piece) {
+  std::string out;
+  for (int i = 0; i < count; ++i) out += piece;
+  return out;
+}
+
+// Names as a user may give them: Cyrillic, with blanks, and as long as the disk allows (255 bytes).
+// The status bars, the character's name, the tool tip, the proposed speech file and the save all
+// take them whole.
+TEST_F(File_Commands, AnyNameWorksThroughout) {
+  const struct {
+    std::string name;
+    std::string bar;
+  } rows[] = {
+      {"Ёжик в тумане.npc", "ЁЖИК В ТУМАНЕ.NPC"},
+      {"075 my file.npc", "075 MY FILE.NPC - " + Name_Of(75)},
+      {" 75 x.npc", " 75 X.NPC - " + Name_Of(75)},  // blanks around a number still make one
+      {"075" + Times(124, "ж") + ".npc", "075" + Times(124, "Ж") + ".NPC - " + Name_Of(75)},
+      {std::string(251, 'x') + ".npc", std::string(251, 'X') + ".NPC"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    ASSERT_LE(row.name.size(), 255u);
+    platform.Messages.clear();
+    const std::string path = folder.Write(row.name, Standard_File());
+    Open(path);
+    EXPECT_EQ(window.SBar_2.SimpleText, path);
+    EXPECT_EQ(window.SBar_3.SimpleText, row.bar);
+    Event([&] { SBar_3_MouseMove(window); });
+    EXPECT_EQ(window.SBar_3.ToolTipText, text::Length(row.bar) >= 27 ? row.bar : "");
+
+    Cancel_Dialog();
+    Event([&] { Check_Set_Value(window, 1); });
+    EXPECT_EQ(platform.Dialogs.back().Settings.FileName, row.name.substr(0, row.name.size() - 4) + ".edt");
+
+    Change_Record_3();
+    Event([&] { nSave_Click(window); });
+    EXPECT_TRUE(platform.Messages.empty());
+    EXPECT_EQ(Read_File(path), Changed_File());
+    EXPECT_EQ(window.SBar_3.SimpleText, row.bar);
+  }
 }
 
 // A disk whose file vanishes between the size test and the read.
