@@ -188,6 +188,42 @@ TEST_F(Edt_Reader, MessageBeyondTheLimitInAShortFileIsSilent) {
   EXPECT_TRUE(platform.Messages.empty());
 }
 
+// Message numbers at the limits of 16 and 32 bits and below 0. Beyond the end of a short file
+// nothing happens; within a file long enough for them (100 MB), before the file's start or
+// beyond 32 bits, the failure road.
+TEST_F(Edt_Reader, MessageNumbersAtTheLimits) {
+  const std::string huge = folder.Path("huge.edt");
+  { std::ofstream create(huge, std::ios::binary); }
+  std::filesystem::resize_file(huge, 100'000'000);
+  const struct {
+    const char* number;
+    bool fails_in_short_file;
+  } rows[] = {
+      {"32767", false}, {"32768", false}, {"65535", false},     {"65536", false},
+      {"-1", true},     {"-32768", true}, {"2147483647", true}, {"99999999999", true},
+  };
+  for (const auto& row : rows) {
+    for (const bool in_huge : {false, true}) {
+      SCOPED_TRACE(std::string(row.number) + (in_huge ? " in 100 MB" : " in 960 bytes"));
+      platform.Messages.clear();
+      Tick_Without_Dialog();
+      Bind(Bytes(960, 0x42), 1, row.number);
+      if (in_huge) window.Edt_Path = huge;
+      Read();
+      if (in_huge || row.fails_in_short_file) {
+        Expect_Reading_Failed();
+      } else {
+        EXPECT_TRUE(platform.Messages.empty());
+        EXPECT_EQ(window.L_Edt.Caption, "before");
+        EXPECT_EQ(window.L_Message.Caption, row.number);
+        EXPECT_EQ(window.Check.Value, 1);
+      }
+    }
+  }
+  EXPECT_EQ(Read_File(folder.Path("speech.edt")), Bytes(960, 0x42));
+  EXPECT_EQ(std::filesystem::file_size(huge), 100'000'000u);
+}
+
 TEST_F(Edt_Reader, ShorterThanOneEntryShowsNothing) {
   Bind(Bytes(479, 0x42), 1, "0");
   EXPECT_EQ(Read(), "before");

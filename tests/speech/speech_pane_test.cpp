@@ -126,7 +126,7 @@ TEST_F(Speech_Pane, ChosenFileThatCantBeMeasuredLeavesThePaneOff) {
 
 TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
   const std::tuple<int, std::size_t, bool> cases[] = {
-      {1, 479, true}, {1, 480, false}, {1, 500, false}, {4, 479, true}, {4, 480, false},
+      {1, 0, true},   {1, 479, true}, {1, 480, false}, {1, 500, false}, {4, 479, true}, {4, 480, false},
       {2, 319, true}, {2, 320, false}, {3, 319, true}, {3, 480, false},
   };
   for (const auto& [index, length, warned] : cases) {
@@ -145,6 +145,7 @@ TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
       EXPECT_EQ(window.L_Edt.Caption, "");  // nothing to show
       EXPECT_TRUE(window.Com2.Enabled);
     }
+    EXPECT_EQ(Read_File(path), Bytes(length, 0x42));
     Untick();
   }
 }

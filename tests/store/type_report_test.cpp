@@ -11,7 +11,6 @@
 #include <string>
 #include <vector>
 
-#include "store/failure.h"
 #include "store/file_commands.h"
 #include "store/image.h"
 #include "support/fixture.h"
@@ -373,15 +372,6 @@ TEST_F(Conversion, FileOnShowIsRefusedAsTarget) {
   Convert(shown, kToBuka);
   EXPECT_EQ(Read_File(shown), Converted_To_Buka(Standard_File()));
 }
-
-// A disk that fails half way through writing the new file.
-class Failing_Disk : public Disk_Files {
- protected:
-  void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override {
-    Disk_Files::Write_Chunk(fd, data, size / 2);
-    throw Run_Time_Error("disk full");
-  }
-};
 
 TEST_F(Conversion, FailedWriteLeavesTheOldFile) {
   Failing_Disk disk;

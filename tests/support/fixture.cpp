@@ -3,6 +3,7 @@
 #include <fstream>
 #include <random>
 
+#include "store/failure.h"
 #include "store/file_commands.h"
 #include "ui/shell.h"
 
@@ -61,6 +62,11 @@ void Put_Record(Bytes& file, bool buka, int k, const Bytes& record) {
   const std::size_t count = buka && k == 50 ? 28 : 32;
   std::copy(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(count),
             file.begin() + static_cast<std::ptrdiff_t>(offset));
+}
+
+void Failing_Disk::Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) {
+  Disk_Files::Write_Chunk(fd, data, size / 2);
+  throw Run_Time_Error("disk full");
 }
 
 std::string Cells_Text(const Vorlane& vForm) {

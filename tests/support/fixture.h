@@ -41,6 +41,12 @@ Bytes Record_Bytes(int k);
 // Record k of a file of either kind replaced by these bytes (28 of them for the Buka stump).
 void Put_Record(Bytes& file, bool buka, int k, const Bytes& record);
 
+// The real disk, except that writing a file fails half way through its bytes.
+class Failing_Disk : public Disk_Files {
+ protected:
+  void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override;
+};
+
 // The 32 captions of the byte cells joined, "" for an empty cell.
 std::string Cells_Text(const Vorlane& vForm);
 // Sets the captions of the byte cells from hex text ("0A0B..."), 64 characters.
