@@ -1,5 +1,6 @@
 // Takes pictures of the windows for the README: the main window at start, and, given an NPC
-// file (and a speech file), a record being read with a field lit and the speech pane on.
+// file (and a speech file), a record being read with a field lit and the speech pane on, and the
+// editor on that record with the lit field chosen.
 // Usage: vorlane_screenshot OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]
 #include <QApplication>
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <deque>
 #include <optional>
 
+#include "fields/field_map.h"
 #include "speech/speech.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
@@ -70,6 +72,16 @@ int main(int argc, char* argv[]) {
     QApplication::processEvents();
     Save(&window, out + "/record.png");
     window.Dispatch([&] { nEdit_Click(model); });
+    if (argc >= 6 && model.Edit) {
+      const int cell = std::atoi(argv[5]);
+      const auto rows = fields::Edit_Rows();
+      for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (cell < rows[i].First || cell >= rows[i].First + rows[i].Width) continue;
+        model.Edit->List.ListIndex = static_cast<int>(i);
+        window.Dispatch([&] { Edit_List_Click(*model.Edit); });
+        break;
+      }
+    }
     QApplication::processEvents();
     if (auto* edit = window.Edit_Window()) Save(edit, out + "/edit.png");
     window.Dispatch([&] { if (model.Edit) ComCl_Click(*model.Edit); });

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Installs a built tree into a temporary prefix and checks what lands there: exactly the
+# program, its desktop entry, the MIME types and the icon, each one usable by a desktop.
+# Usage: check_install.sh BUILD_DIR SOURCE_DIR
+set -euo pipefail
+build=$1 source=$2
+prefix=$(mktemp -d)
+trap 'rm -rf "$prefix"' EXIT
+fail() { echo "check_install: $*" >&2; exit 1; }
+
+cmake --install "$build" --prefix "$prefix" >/dev/null
+
+expected="bin/vorlane
+share/applications/vorlane.desktop
+share/icons/hicolor/32x32/apps/vorlane.png
+share/icons/hicolor/scalable/apps/vorlane.svg
+share/mime/packages/vorlane.xml"
+installed=$(cd "$prefix" && find . -type f | sed 's|^\./||' | LC_ALL=C sort)
+[ "$installed" = "$expected" ] || fail "installed files differ:"$'\n'"$installed"
+[ -x "$prefix/bin/vorlane" ] || fail "bin/vorlane is not executable"
+cmp -s "$source/data/vorlane.svg" "$prefix/share/icons/hicolor/scalable/apps/vorlane.svg" || fail "the SVG icon is not the source's"
+
+# A 32 x 32 PNG: the signature, then the width and height of the IHDR chunk.
+png_head=$(od -An -tx1 -N24 "$prefix/share/icons/hicolor/32x32/apps/vorlane.png" | tr -d ' \n')
+[ "$png_head" = "89504e470d0a1a0a0000000d494844520000002000000020" ] || fail "the PNG icon is no 32 x 32 PNG"
+
+command -v desktop-file-validate >/dev/null || fail "desktop-file-validate is missing (Debian: desktop-file-utils)"
+report=$(desktop-file-validate "$prefix/share/applications/vorlane.desktop" 2>&1) || fail "desktop-file-validate: $report"
+[ -z "$report" ] || fail "desktop-file-validate: $report"
+
+# The MIME database takes the XML and maps both extensions in any case of letters (a glob with
+# no "cs" flag); the desktop entry names both types.
+command -v update-mime-database >/dev/null || fail "update-mime-database is missing (Debian: shared-mime-info)"
+update-mime-database "$prefix/share/mime" 2>/dev/null || fail "update-mime-database refused share/mime/packages/vorlane.xml"
+for pair in npc:application/x-ja2-npc edt:application/x-ja2-edt; do
+  extension=${pair%%:*} type=${pair#*:}
+  globs=$(grep ":$type:" "$prefix/share/mime/globs2" || true)
+  [ "$globs" = "50:$type:*.$extension" ] || fail "the glob of $type is not *.$extension in any case: $globs"
+  grep -q "^MimeType=.*$type;" "$prefix/share/applications/vorlane.desktop" || fail "the desktop entry lacks $type"
+done
+echo "check_install: ok"
