@@ -12,6 +12,7 @@
 #include <QWindow>
 
 #include <functional>
+#include <tuple>
 
 #include "ui/layout.h"
 #include "ui/qt/main_view.h"
@@ -152,47 +153,48 @@ Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owne
 void Edit_View::Render() {
   if (!form_) return;
   Edit_Form& f = *form_;
-  setWindowTitle(Q(f.Caption));
-  f_1_->setTitle(Q(f.F_1.Caption));
-  f_2_->setTitle(Q(f.F_2.Caption));
-  f_3_->setTitle(Q(f.F_3.Caption));
+  Set_If_Changed(rendered_.caption, f.Caption, [&](const std::string& t) { setWindowTitle(Q(t)); });
+  for (auto [widget, model, cache] : {std::tuple{f_1_, &f.F_1, &rendered_.f_1}, std::tuple{f_2_, &f.F_2, &rendered_.f_2},
+                                      std::tuple{f_3_, &f.F_3, &rendered_.f_3}})
+    Set_If_Changed(*cache, model->Caption, [&](const std::string& t) { widget->setTitle(Q(t)); });
   l_1_.Render(f.L_1);
   l_h_.Render(f.L_H);
   l_2_.Render(f.L_2);
   l_d_.Render(f.L_D);
-  if (rendered_.list_revision != f.List.Revision) {
-    rendered_.list_revision = f.List.Revision;
+  {
     const QSignalBlocker block(list_);
-    list_->clear();
-    for (const auto& item : f.List.Items) list_->addItem(Q(item));
-    rendered_.list_index = -2;
+    Set_If_Changed(rendered_.list_revision, f.List.Revision, [&](unsigned) {
+      list_->clear();
+      for (const auto& item : f.List.Items) list_->addItem(Q(item));
+      rendered_.list_index.reset();
+    });
+    Set_If_Changed(rendered_.list_index, f.List.ListIndex, [&](int row) { list_->setCurrentRow(row); });
   }
-  if (rendered_.list_index != f.List.ListIndex) {
-    rendered_.list_index = f.List.ListIndex;
-    const QSignalBlocker block(list_);
-    list_->setCurrentRow(f.List.ListIndex);
-  }
-  Set_If_Changed(rendered_.txt_1, f.Txt_1.Text, [&](const QString& t) {
+  Set_If_Changed(rendered_.txt_1, f.Txt_1.Text, [&](const std::string& t) {
     const QSignalBlocker block(txt_1_);
-    txt_1_->setText(t);
+    txt_1_->setText(Q(t));
   });
-  Set_If_Changed(rendered_.txt_4, f.Txt_4.Text, [&](const QString& t) { txt_4_->setText(t); });
-  for (auto [widget, model] : {std::pair{o_1_, &f.O_1}, std::pair{o_2_, &f.O_2}}) {
-    widget->setText(Q(model->Caption));
-    const QSignalBlocker block(widget);
-    widget->setChecked(model->Value);
+  Set_If_Changed(rendered_.txt_4, f.Txt_4.Text, [&](const std::string& t) { txt_4_->setText(Q(t)); });
+  for (auto [widget, model, cache] : {std::tuple{o_1_, &f.O_1, &rendered_.o_1}, std::tuple{o_2_, &f.O_2, &rendered_.o_2}}) {
+    Set_If_Changed(*cache, model->Caption, [&](const std::string& t) { widget->setText(Q(t)); });
+    // A click checks the widget before the logic decides, so the widget is what is compared.
+    if (widget->isChecked() != model->Value) {
+      const QSignalBlocker block(widget);
+      widget->setChecked(model->Value);
+    }
   }
-  for (auto [widget, model] : {std::pair{com_apply_, &f.ComApply}, std::pair{com_ok_, &f.ComOK}, std::pair{com_cl_, &f.ComCl}}) {
-    widget->setText(Q(model->Caption));
-    widget->setEnabled(model->Enabled);
+  for (auto [widget, model, cache] : {std::tuple{com_apply_, &f.ComApply, &rendered_.com_apply},
+                                      std::tuple{com_ok_, &f.ComOK, &rendered_.com_ok},
+                                      std::tuple{com_cl_, &f.ComCl, &rendered_.com_cl}}) {
+    Set_If_Changed(cache->caption, model->Caption, [&](const std::string& t) { widget->setText(Q(t)); });
+    Set_If_Changed(cache->enabled, model->Enabled, [&](bool on) { widget->setEnabled(on); });
   }
-  if (rendered_.focus_serial != f.Focus_Serial) {
-    rendered_.focus_serial = f.Focus_Serial;
+  Set_If_Changed(rendered_.focus_serial, f.Focus_Serial, [&](unsigned) {
     if (auto* target = findChild<QWidget*>(Q(f.Focus))) {
       activateWindow();
       target->setFocus();
     }
-  }
+  });
 }
 
 void Edit_View::Detach() {

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <optional>
 #include <string>
 
 #include "ui/edit.h"
@@ -46,11 +47,17 @@ class Edit_View : public QDialog {
   QLineEdit *txt_1_, *txt_4_;
   QRadioButton *o_1_, *o_2_;
   QPushButton *com_apply_, *com_ok_, *com_cl_;
+  // The last rendered state; empty before the first render.
   struct Rendered {
-    unsigned list_revision = ~0u;
-    int list_index = -2;
-    std::string txt_1 = "\x01", txt_4 = "\x01";
-    unsigned focus_serial = 0;
+    struct Button {
+      std::optional<std::string> caption;
+      std::optional<bool> enabled;
+    };
+    std::optional<std::string> caption, f_1, f_2, f_3, o_1, o_2, txt_1, txt_4;
+    Button com_apply, com_ok, com_cl;
+    std::optional<unsigned> list_revision;
+    std::optional<int> list_index;
+    std::optional<unsigned> focus_serial;
   } rendered_;
 };
 

@@ -16,6 +16,8 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
+#include <tuple>
+
 #include "ui/byte_grid.h"
 #include "ui/layout.h"
 #include "ui/navigation.h"
@@ -66,6 +68,8 @@ Main_View::Main_View(Vorlane& model, Qt_Platform& platform) : model_(model), pla
   setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                  Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
   layout()->setSizeConstraint(QLayout::SetFixedSize);  // the window can't be resized
+  // One filter for the whole application: the window sees keys before its controls do, and the
+  // mouse events of every control go to the logic's handlers.
   qApp->installEventFilter(this);
 }
 
@@ -81,7 +85,6 @@ QLabel* Main_View::Make_Label(const std::string& name, Label_View* view) {
   auto* label = new QLabel(client_);
   Place(label, Main_Geometry(name));
   label->setMouseTracking(true);
-  label->installEventFilter(this);
   mouse_move_[label] = name;
   if (view) *view = Label_View(label);
   return label;
@@ -92,7 +95,6 @@ void Main_View::Build_Controls() {
   client_->setObjectName("client");
   client_->setFixedSize(Px(layout::Main_Client_Width), Px(layout::Main_Client_Height));
   client_->setMouseTracking(true);
-  client_->installEventFilter(this);
   mouse_move_[client_] = "Vorlane";
   setCentralWidget(client_);
 
@@ -105,7 +107,6 @@ void Main_View::Build_Controls() {
   slider_->setTickInterval(1);
   slider_->setAccessibleName("Record");
   slider_->setMouseTracking(true);
-  slider_->installEventFilter(this);
   mouse_move_[slider_] = "Slider";
   connect(slider_, &QSlider::valueChanged, this, [this](int value) { Dispatch([&] { Slider_Set_Value(model_, value); }); });
 
@@ -117,7 +118,6 @@ void Main_View::Build_Controls() {
     Place(cell, layout::Cell(n));
     cell->setAlignment(Qt::AlignCenter);
     cell->setMouseTracking(true);
-    cell->installEventFilter(this);
     cell->setAccessibleDescription(QString("Byte %1").arg(n));
     cells_[static_cast<std::size_t>(n - 1)] = Label_View(cell);
     cell_of_[cell] = n;
@@ -150,11 +150,15 @@ void Main_View::Build_Controls() {
   Set_Back_Colour(list_, colour::Light_3D);
   list_->setMouseTracking(true);
   list_->viewport()->setMouseTracking(true);
-  list_->installEventFilter(this);
-  list_->viewport()->installEventFilter(this);
   mouse_move_[list_->viewport()] = "List";
   list_->setAccessibleName("List");
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { model_.List.ListIndex = row; });
+  // A list box: one line per row, cut at the box's edge; a line wider than the box is read whole
+  // in the tool tip. With rows of one size the view lays out a refill of 500 lines without
+  // measuring each of them.
+  list_->setUniformItemSizes(true);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list_->setTextElideMode(Qt::ElideNone);
   list_->raise();
 
   check_ = new QCheckBox(client_);
@@ -162,7 +166,6 @@ void Main_View::Build_Controls() {
   Set_Back_Colour(check_, colour::Active_Border);
   check_->setAccessibleName(Q(model_.L_Fix.Caption));
   check_->setMouseTracking(true);
-  check_->installEventFilter(this);
   mouse_move_[check_] = "Check";
   connect(check_, &QCheckBox::clicked, this,
           [this](bool checked) { Dispatch([&] { Check_Set_Value(model_, checked ? 1 : 0); }); });
@@ -175,7 +178,6 @@ void Main_View::Build_Controls() {
     *button = new QPushButton(client_);
     Place(*button, Main_Geometry(name));
     (*button)->setMouseTracking(true);
-    (*button)->installEventFilter(this);
     mouse_move_[*button] = name;
     connect(*button, &QPushButton::clicked, this, [this, handler = handler] { Dispatch([&] { handler(model_); }); });
   }
@@ -188,7 +190,6 @@ void Main_View::Build_Controls() {
     Place(sbar_[i], Main_Geometry(name));
     sbar_[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     sbar_[i]->setMouseTracking(true);
-    sbar_[i]->installEventFilter(this);
     mouse_move_[sbar_[i]] = name;
   }
 
@@ -241,16 +242,12 @@ void Main_View::Start() {
 }
 
 void Main_View::Render() {
-  if (rendered_.enabled != static_cast<int>(model_.Enabled)) {
-    rendered_.enabled = model_.Enabled;
-    setEnabled(model_.Enabled);
-  }
-  setWindowTitle(Q(model_.Caption));
-  if (rendered_.slider != model_.Slider.Value) {
-    rendered_.slider = model_.Slider.Value;
+  Set_If_Changed(rendered_.enabled, model_.Enabled, [&](bool on) { setEnabled(on); });
+  Set_If_Changed(rendered_.caption, model_.Caption, [&](const std::string& t) { setWindowTitle(Q(t)); });
+  Set_If_Changed(rendered_.slider, model_.Slider.Value, [&](int value) {
     const QSignalBlocker block(slider_);
-    slider_->setValue(model_.Slider.Value);
-  }
+    slider_->setValue(value);
+  });
   for (int n = 1; n <= 32; ++n) cells_[static_cast<std::size_t>(n - 1)].Render(model_.L(n));
   l_info_line_.Render(model_.L_Info_Line);
   l_nline_.Render(model_.L_NLine);
@@ -262,72 +259,53 @@ void Main_View::Render() {
   l_fix_1_.Render(model_.L_Fix_1);
   l_message_.Render(model_.L_Message);
 
-  if (rendered_.list_revision != model_.List.Revision) {
-    rendered_.list_revision = model_.List.Revision;
-    const QSignalBlocker block(list_);
-    list_->clear();
-    QStringList lines;
-    lines.reserve(static_cast<qsizetype>(model_.List.Items.size()));
-    for (const auto& line : model_.List.Items) lines << Q(line);
-    list_->addItems(lines);
-    rendered_.list_index = -2;
-  }
-  if (rendered_.list_index != model_.List.ListIndex) {
-    rendered_.list_index = model_.List.ListIndex;
-    const QSignalBlocker block(list_);
-    list_->setCurrentRow(model_.List.ListIndex);
-  }
-  Set_If_Changed(rendered_.list_tip, model_.List.ToolTipText, [&](const QString& t) { list_->setToolTip(t); });
-
   {
+    const QSignalBlocker block(list_);
+    Set_If_Changed(rendered_.list_revision, model_.List.Revision, [&](unsigned) {
+      list_->clear();
+      QStringList lines;
+      lines.reserve(static_cast<qsizetype>(model_.List.Items.size()));
+      for (const auto& line : model_.List.Items) lines << Q(line);
+      list_->addItems(lines);
+      rendered_.list_index.reset();
+    });
+    Set_If_Changed(rendered_.list_index, model_.List.ListIndex, [&](int row) { list_->setCurrentRow(row); });
+  }
+  Set_If_Changed(rendered_.list_tip, model_.List.ToolTipText, [&](const std::string& t) { list_->setToolTip(Q(t)); });
+
+  Set_If_Changed(rendered_.check, model_.Check.Value, [&](int value) {
     const QSignalBlocker block(check_);
-    if (rendered_.check != model_.Check.Value) {
-      rendered_.check = model_.Check.Value;
-      check_->setChecked(model_.Check.Value == 1);
-    }
-  }
-  if (rendered_.check_enabled != static_cast<int>(model_.Check.Enabled)) {
-    rendered_.check_enabled = model_.Check.Enabled;
-    check_->setEnabled(model_.Check.Enabled);
-  }
-  com1_->setText(Q(model_.Com1.Caption));
-  com2_->setText(Q(model_.Com2.Caption));
-  if (rendered_.com1_enabled != static_cast<int>(model_.Com1.Enabled)) {
-    rendered_.com1_enabled = model_.Com1.Enabled;
-    com1_->setEnabled(model_.Com1.Enabled);
-  }
-  if (rendered_.com2_enabled != static_cast<int>(model_.Com2.Enabled)) {
-    rendered_.com2_enabled = model_.Com2.Enabled;
-    com2_->setEnabled(model_.Com2.Enabled);
+    check_->setChecked(value == 1);
+  });
+  Set_If_Changed(rendered_.check_enabled, model_.Check.Enabled, [&](bool on) { check_->setEnabled(on); });
+  for (auto [widget, model, cache] : {std::tuple{com1_, &model_.Com1, &rendered_.com1}, std::tuple{com2_, &model_.Com2, &rendered_.com2}}) {
+    Set_If_Changed(cache->caption, model->Caption, [&](const std::string& t) { widget->setText(Q(t)); });
+    Set_If_Changed(cache->enabled, model->Enabled, [&](bool on) { widget->setEnabled(on); });
   }
   const Status_Bar* bars[3] = {&model_.SBar_1, &model_.SBar_2, &model_.SBar_3};
-  for (int i = 0; i < 3; ++i) {
-    Set_If_Changed(rendered_.sbar_text[i], bars[i]->SimpleText, [&](const QString& t) {
-      sbar_[i]->setText(t);
-      sbar_[i]->setAccessibleName(t);
+  for (std::size_t i = 0; i < 3; ++i) {
+    Set_If_Changed(rendered_.sbar_text[i], bars[i]->SimpleText, [&](const std::string& t) {
+      sbar_[i]->setText(Q(t));
+      sbar_[i]->setAccessibleName(Q(t));
     });
-    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText, [&](const QString& t) { sbar_[i]->setToolTip(t); });
+    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText, [&](const std::string& t) { sbar_[i]->setToolTip(Q(t)); });
   }
-  Set_If_Changed(rendered_.txt_free, model_.Txt_Free.Text, [&](const QString& t) {
+  Set_If_Changed(rendered_.txt_free, model_.Txt_Free.Text, [&](const std::string& t) {
     const QSignalBlocker block(txt_free_);
-    txt_free_->setText(t);
+    txt_free_->setText(Q(t));
   });
   for (auto& [name, action] : actions_) {
     const Menu_Item& item = *model_.Menu(name);
-    auto [cache, first] = rendered_.menus.try_emplace(name, item);
-    if (first || cache->second.Caption != item.Caption) {
-      cache->second.Caption = item.Caption;
-      if (!action->isSeparator()) action->setText(Q(item.Caption));
-    }
-    if (first || cache->second.Enabled != item.Enabled) {
-      cache->second.Enabled = item.Enabled;
-      action->setEnabled(item.Enabled);
-    }
+    Rendered::Button& cache = rendered_.menus[name];
+    if (!action->isSeparator())
+      Set_If_Changed(cache.caption, item.Caption, [&](const std::string& t) { action->setText(Q(t)); });
+    Set_If_Changed(cache.enabled, item.Enabled, [&](bool on) { action->setEnabled(on); });
   }
-  if (rendered_.focus_serial != model_.Focus_Serial) {
-    rendered_.focus_serial = model_.Focus_Serial;
+  Set_If_Changed(rendered_.focus_serial, model_.Focus_Serial, [&](unsigned) {
+    // The window that takes the focus back becomes the active one too.
+    if (isEnabled() && !isActiveWindow()) activateWindow();
     if (auto* target = client_->findChild<QWidget*>(Q(model_.Focus))) target->setFocus();
-  }
+  });
 }
 
 void Main_View::Sync() {
@@ -343,6 +321,9 @@ void Main_View::Sync() {
     if (about_view_) about_view_->Detach();
     about_view_ = new About_View(*this, *model_.About);
     about_view_->show();
+    // It takes the keys: any character closes it.
+    about_view_->activateWindow();
+    about_view_->setFocus();
   } else if (!model_.About && about_view_) {
     about_view_->Detach();
     about_view_ = nullptr;

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -74,19 +75,25 @@ class Main_View : public QMainWindow {
   std::map<QObject*, std::string> mouse_move_;  // widget -> control whose mouse-move handler runs
   std::map<std::string, QAction*> actions_;
 
-  // The last rendered state of what is not a label.
+  // The last rendered state of what is not a label; empty before the first render.
   struct Rendered {
-    int slider = -1;
-    unsigned list_revision = ~0u;
-    int list_index = -2;
-    std::string list_tip;
-    int check = -1;
-    int check_enabled = -1, com1_enabled = -1, com2_enabled = -1;
-    std::array<std::string, 3> sbar_text, sbar_tip;
-    std::string txt_free;
-    std::map<std::string, Menu_Item> menus;
-    unsigned focus_serial = 0;
-    int enabled = -1;
+    struct Button {
+      std::optional<std::string> caption;
+      std::optional<bool> enabled;
+    };
+    std::optional<bool> enabled;
+    std::optional<std::string> caption;
+    std::optional<int> slider;
+    std::optional<unsigned> list_revision;
+    std::optional<int> list_index;
+    std::optional<std::string> list_tip;
+    std::optional<int> check;
+    std::optional<bool> check_enabled;
+    Button com1, com2;
+    std::array<std::optional<std::string>, 3> sbar_text, sbar_tip;
+    std::optional<std::string> txt_free;
+    std::map<std::string, Button> menus;
+    std::optional<unsigned> focus_serial;
   } rendered_;
 
   bool after_double_click_ = false;

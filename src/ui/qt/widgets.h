@@ -51,12 +51,13 @@ class Label_View {
   bool first_ = true;
 };
 
-// Renders one text property only when it changed.
-template <class Setter>
-void Set_If_Changed(std::string& cache, const std::string& value, Setter&& set) {
+// Sets a property of a widget only when the model's value differs from the one rendered last.
+// The cache starts empty (a std::optional) or at a value the model never has.
+template <class Cache, class Value, class Setter>
+void Set_If_Changed(Cache& cache, const Value& value, Setter&& set) {
   if (cache == value) return;
   cache = value;
-  set(Q(value));
+  set(value);
 }
 
 }  // namespace qtview
