@@ -35,12 +35,7 @@ About_View::About_View(Main_View& owner, About_Form& form) : QWidget(nullptr), o
   const Ellipse_Region region;
   setMask(QRegion(region.Left, region.Top, region.Right - region.Left, region.Bottom - region.Top, QRegion::Ellipse));
 
-  form.Width = width() * layout::Twips_Per_Pixel;
-  form.Height = height() * layout::Twips_Per_Pixel;
-  Position::Place_Controls(form, owner_.Model().platform.Screen());
-  move(Px(form.Left), Px(form.Top));
-  winId();
-  if (QWindow* window = windowHandle()) window->setTransientParent(owner_.windowHandle());
+  Place_Window(this, form, owner_.Model().platform.Screen(), &owner_);
 }
 
 void About_View::Detach() {

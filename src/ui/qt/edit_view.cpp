@@ -78,6 +78,7 @@ Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owne
 
   f_1_ = Make<QGroupBox>(this, "F_1");
   list_ = Make<QListWidget>(this, "List");
+  list_view_ = List_View(list_);
   f_2_ = Make<QGroupBox>(f_1_, "F_2");
   l_1_ = Label_View(Make<QLabel>(f_2_, "L_1"));
   l_h_ = Label_View(Make<QLabel>(f_2_, "L_H"));
@@ -141,12 +142,7 @@ Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owne
   connect(com_cl_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComCl_Click(f); }); });
 
   // The window was placed by its start-up on an estimate of its size; place it on the real one.
-  form.Width = width() * layout::Twips_Per_Pixel;
-  form.Height = height() * layout::Twips_Per_Pixel;
-  Position::Place_Controls(form, owner_.Model().platform.Screen());
-  move(Px(form.Left), Px(form.Top));
-  winId();
-  if (QWindow* window = windowHandle()) window->setTransientParent(owner_.windowHandle());
+  Place_Window(this, form, owner_.Model().platform.Screen(), &owner_);
   Render();
 }
 
@@ -161,15 +157,7 @@ void Edit_View::Render() {
   l_h_.Render(f.L_H);
   l_2_.Render(f.L_2);
   l_d_.Render(f.L_D);
-  {
-    const QSignalBlocker block(list_);
-    Set_If_Changed(rendered_.list_revision, f.List.Revision, [&](unsigned) {
-      list_->clear();
-      for (const auto& item : f.List.Items) list_->addItem(Q(item));
-      rendered_.list_index.reset();
-    });
-    Set_If_Changed(rendered_.list_index, f.List.ListIndex, [&](int row) { list_->setCurrentRow(row); });
-  }
+  list_view_.Render(f.List);
   Set_If_Changed(rendered_.txt_1, f.Txt_1.Text, [&](const std::string& t) {
     const QSignalBlocker block(txt_1_);
     txt_1_->setText(Q(t));

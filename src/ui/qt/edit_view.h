@@ -43,6 +43,7 @@ class Edit_View : public QDialog {
   Edit_Form* form_;
   QGroupBox *f_1_, *f_2_, *f_3_;
   QListWidget* list_;
+  List_View list_view_;
   Label_View l_1_, l_h_, l_2_, l_d_;
   QLineEdit *txt_1_, *txt_4_;
   QRadioButton *o_1_, *o_2_;
@@ -55,8 +56,6 @@ class Edit_View : public QDialog {
     };
     std::optional<std::string> caption, f_1, f_2, f_3, o_1, o_2, txt_1, txt_4;
     Button com_apply, com_ok, com_cl;
-    std::optional<unsigned> list_revision;
-    std::optional<int> list_index;
     std::optional<unsigned> focus_serial;
   } rendered_;
 };

@@ -146,6 +146,7 @@ void Main_View::Build_Controls() {
   connect(escape, &QShortcut::activated, this, [this] { com_exit_->click(); });
 
   list_ = new QListWidget(client_);
+  list_view_ = List_View(list_);
   Place(list_, Main_Geometry("List"));
   Set_Back_Colour(list_, colour::Light_3D);
   list_->setMouseTracking(true);
@@ -259,19 +260,7 @@ void Main_View::Render() {
   l_fix_1_.Render(model_.L_Fix_1);
   l_message_.Render(model_.L_Message);
 
-  {
-    const QSignalBlocker block(list_);
-    Set_If_Changed(rendered_.list_revision, model_.List.Revision, [&](unsigned) {
-      list_->clear();
-      QStringList lines;
-      lines.reserve(static_cast<qsizetype>(model_.List.Items.size()));
-      for (const auto& line : model_.List.Items) lines << Q(line);
-      list_->addItems(lines);
-      rendered_.list_index.reset();
-    });
-    Set_If_Changed(rendered_.list_index, model_.List.ListIndex, [&](int row) { list_->setCurrentRow(row); });
-  }
-  Set_If_Changed(rendered_.list_tip, model_.List.ToolTipText, [&](const std::string& t) { list_->setToolTip(Q(t)); });
+  list_view_.Render(model_.List);
 
   Set_If_Changed(rendered_.check, model_.Check.Value, [&](int value) {
     const QSignalBlocker block(check_);

@@ -63,6 +63,7 @@ class Main_View : public QMainWindow {
   QWidget* client_ = nullptr;
   QSlider* slider_ = nullptr;
   QListWidget* list_ = nullptr;
+  List_View list_view_;
   QCheckBox* check_ = nullptr;
   QPushButton* com1_ = nullptr;
   QPushButton* com2_ = nullptr;
@@ -84,9 +85,6 @@ class Main_View : public QMainWindow {
     std::optional<bool> enabled;
     std::optional<std::string> caption;
     std::optional<int> slider;
-    std::optional<unsigned> list_revision;
-    std::optional<int> list_index;
-    std::optional<std::string> list_tip;
     std::optional<int> check;
     std::optional<bool> check_enabled;
     Button com1, com2;

@@ -1,6 +1,10 @@
 #include "ui/qt/widgets.h"
 
 #include <QGuiApplication>
+#include <QSignalBlocker>
+#include <QWindow>
+
+#include "ui/shell.h"
 
 namespace qtview {
 
@@ -58,6 +62,29 @@ void Label_View::Render(const Label& model) {
     widget_->setToolTip(Q(tip_));
   }
   first_ = false;
+}
+
+void List_View::Render(const List_Box& model) {
+  const QSignalBlocker block(widget_);
+  Set_If_Changed(revision_, model.Revision, [&](unsigned) {
+    widget_->clear();
+    QStringList lines;
+    lines.reserve(static_cast<qsizetype>(model.Items.size()));
+    for (const auto& line : model.Items) lines << Q(line);
+    widget_->addItems(lines);
+    index_.reset();
+  });
+  Set_If_Changed(index_, model.ListIndex, [&](int row) { widget_->setCurrentRow(row); });
+  Set_If_Changed(tip_, model.ToolTipText, [&](const std::string& t) { widget_->setToolTip(Q(t)); });
+}
+
+void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen, QWidget* owner) {
+  form.Width = window->width() * layout::Twips_Per_Pixel;
+  form.Height = window->height() * layout::Twips_Per_Pixel;
+  Position::Place_Controls(form, screen);
+  window->move(Px(form.Left), Px(form.Top));
+  window->winId();
+  if (QWindow* handle = window->windowHandle()) handle->setTransientParent(owner->windowHandle());
 }
 
 }  // namespace qtview

@@ -5,8 +5,11 @@
 #include <QColor>
 #include <QFont>
 #include <QLabel>
+#include <QListWidget>
 #include <QPalette>
 #include <QString>
+
+#include <optional>
 
 #include <climits>
 #include <cstdint>
@@ -14,6 +17,7 @@
 
 #include "ui/controls.h"
 #include "ui/layout.h"
+#include "ui/platform.h"
 
 namespace qtview {
 
@@ -50,6 +54,24 @@ class Label_View {
   std::string tip_;
   bool first_ = true;
 };
+
+// A list box of the window objects on a QListWidget: refilled only when the model's revision
+// changed, the selection and tool tip set only when they changed.
+class List_View {
+ public:
+  explicit List_View(QListWidget* widget = nullptr) : widget_(widget) {}
+  void Render(const List_Box& model);
+
+ private:
+  QListWidget* widget_;
+  std::optional<unsigned> revision_;
+  std::optional<int> index_;
+  std::optional<std::string> tip_;
+};
+
+// Places a window of the logic on the screen: its outer size as the toolkit made it, placed by
+// the logic's rule, kept above its owner.
+void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen, QWidget* owner);
 
 // Sets a property of a widget only when the model's value differs from the one rendered last.
 // The cache starts empty (a std::optional) or at a value the model never has.
