@@ -1,7 +1,6 @@
 // Decoding one message of a speech file, on files made byte by byte.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -15,31 +14,11 @@
 
 namespace {
 
-// A zero-filled speech file of `entries` entries, with bytes put at 0-based offsets.
-struct Speech_File {
-  std::size_t size = 480;
-  std::size_t entries = 1;
-  std::vector<std::pair<std::size_t, Bytes>> puts;
-
-  Bytes Build() const {
-    Bytes file(size * entries, 0);
-    for (const auto& [offset, bytes] : puts)
-      std::copy(bytes.begin(), bytes.end(), file.begin() + static_cast<std::ptrdiff_t>(offset));
-    return file;
-  }
-};
-
-// Bytes at the start of entry n of a file with entries of this size.
-std::pair<std::size_t, Bytes> Entry(std::size_t size, std::size_t n, Bytes bytes) {
-  return {size * n, std::move(bytes)};
-}
-
-Bytes Repeated(std::size_t count, std::uint8_t byte) { return Bytes(count, byte); }
-
-std::string Times(std::size_t count, const std::string& text) {
-  std::string out;
-  for (std::size_t i = 0; i < count; ++i) out += text;
-  return out;
+// A sparse file of 100 MB with these bytes at this offset.
+std::string Huge_File(const std::string& path, std::streamoff offset = 0, const std::string& bytes = "") {
+  std::ofstream(path, std::ios::binary).seekp(offset).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  std::filesystem::resize_file(path, 100'000'000);
+  return path;
 }
 
 class Edt_Reader : public Window_Test {
@@ -57,28 +36,25 @@ class Edt_Reader : public Window_Test {
   }
   // A ticked pane, so that the failure road can be seen to untick it.
   void Tick_Without_Dialog() {
+    platform.Messages.clear();
     window.Check.Value = 1;
-    window.Com1.Enabled = true;
-    window.Com2.Enabled = true;
+    window.Com1.Enabled = window.Com2.Enabled = true;
   }
+  // The message, then the pane is off: text, number, tick, kind, buttons.
   void Expect_Reading_Failed() {
-    ASSERT_EQ(platform.Messages.size(), 1u);
-    EXPECT_EQ(platform.Messages[0].Prompt, "Ошибка во время чтения файла\r\n" + window.Edt_Path);
-    EXPECT_EQ(platform.Messages[0].Style, 16);
-    EXPECT_EQ(platform.Messages[0].Title, "ERROR");
-    EXPECT_EQ(window.L_Edt.Caption, "");
-    EXPECT_EQ(window.L_Message.Caption, "0");
-    EXPECT_EQ(window.Check.Value, 0);
-    EXPECT_EQ(window.Edt_Kind, 0);
-    EXPECT_FALSE(window.Com1.Enabled);
-    EXPECT_FALSE(window.Com2.Enabled);
+    EXPECT_EQ(platform.Messages,
+              (std::vector<Shown_Message>{{"Ошибка во время чтения файла\r\n" + window.Edt_Path, 16, "ERROR"}}));
+    EXPECT_EQ(std::tuple(window.L_Edt.Caption, window.L_Message.Caption, window.Check.Value, window.Edt_Kind,
+                         window.Com1.Enabled, window.Com2.Enabled),
+              std::tuple("", "0", 0, 0, false, false));
   }
 };
 
 struct Decode_Case {
   const char* name;
   int kind;
-  Speech_File file;
+  std::size_t entries;
+  std::vector<std::pair<std::size_t, Bytes>> puts;  // bytes at file offsets
   const char* message;
   std::string expected;
 };
@@ -89,134 +65,103 @@ const Bytes Worked_1{0x42, 0x00, 0x21, 0x00, 0x43, 0x00, 0x00, 0x00};
 const Bytes Worked_2{0xED, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00, 0x00};
 const Bytes Ya_First{0x00, 0x01, 0x42, 0x00, 0x00, 0x00};
 const Bytes Zero_Zero_Five{0x42, 0x00, 0x00, 0x05, 0x00, 0x43, 0x00, 0x00, 0x00};
+const Bytes B479(479, 0x42);
 
-std::vector<Decode_Case> Decode_Cases() {
-  return {
-      {"WorkedCaseAB_Message0", 1, {480, 1, {Entry(480, 0, Worked_1)}}, "0", "A B"},
-      {"WorkedCaseAB_Message2", 1, {480, 3, {Entry(480, 2, Worked_1)}}, "2", "A B"},
-      {"WorkedCaseMYa_Message0", 1, {480, 1, {Entry(480, 0, Worked_2)}}, "0", "мя"},
-      {"WorkedCaseMYa_Message1", 1, {480, 2, {Entry(480, 1, Worked_2)}}, "1", "мя"},
-      {"WorkedCaseAB_Kind3_Message1", 3, {320, 2, {Entry(320, 1, Worked_1)}}, "1", "A B"},
-      // Message 0 has no byte in front of it to see a leading 00 01.
-      {"YaFirst_Message0_IsLost", 1, {480, 1, {Entry(480, 0, Ya_First)}}, "0", "A"},
-      {"YaFirst_Message1_IsShown", 1, {480, 2, {Entry(480, 1, Ya_First)}}, "1", "яA"},
-      {"TwoYaInARow_GiveOne", 1, {480, 1, {Entry(480, 0, {0x42, 0x00, 0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0x00})}}, "0", "Aя"},
-      {"ZeroZeroFive_Kind1_GoesOn", 1, {480, 1, {Entry(480, 0, Zero_Zero_Five)}}, "0", "A\x04" "B"},
-      {"ZeroZeroFive_Kind3_GoesOn", 3, {320, 1, {Entry(320, 0, Zero_Zero_Five)}}, "0", "A\x04" "B"},
-      {"ZeroZeroFive_Kind4_Ends", 4, {480, 1, {Entry(480, 0, Zero_Zero_Five)}}, "0", "A"},
-      {"Ya_Kind4_IsNoEnd", 4, {480, 1, {Entry(480, 0, {0x42, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00})}}, "0", "Aя"},
-      {"Blanks_20And21", 1, {480, 1, {Entry(480, 0, {0x20, 0x00, 0x21, 0x00, 0x42, 0x00, 0x00, 0x00})}}, "0", "  A"},
-      {"Code0_AddsNothing", 1, {480, 1, {Entry(480, 0, {0x42, 0x00, 0x01, 0x00, 0x43, 0x00, 0x00, 0x00})}}, "0", "AB"},
-      {"Cyrillic", 1, {480, 1, {Entry(480, 0, {0xC1, 0x00, 0xE0, 0x00, 0xE1, 0x00, 0xA9, 0x00, 0xB9, 0x00, 0xBA, 0x00,
-                                                0xFF, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00})}},
-       "0", "АЯаЁё№юя"},
-      {"StrayLastByteOfMessageBefore", 1, {480, 2, {{479, {0x44}}, Entry(480, 1, {0x42, 0x00, 0x00, 0x00})}}, "1", "CA"},
-      {"EmptyMessage1", 1, {480, 2, {Entry(480, 0, Repeated(479, 0x42))}}, "1", ""},
-      {"Message0_TwoLeadingZeros_IsNotEmpty", 1, {480, 1, {Entry(480, 0, {0x00, 0x00, 0x42, 0x00, 0x00, 0x00})}}, "0", "A"},
-      {"Message0_ThreeLeadingZeros_IsEmpty", 1, {480, 1, {Entry(480, 0, {0x00, 0x00, 0x00, 0x42, 0x00, 0x00})}}, "0", ""},
-      // Without an end mark the walk stops at the entry's last byte; message N starts one early.
-      {"NoEndMark_Message0_WholeEntry", 1, {480, 2, {Entry(480, 0, Repeated(960, 0x42))}}, "0", Times(480, "A")},
-      {"NoEndMark_Message1_EntryAndOneByte", 1, {480, 3, {Entry(480, 0, Repeated(1440, 0x42))}}, "1", Times(481, "A")},
-      // The look-ahead of the last byte reads the next entry.
-      {"LookAheadIntoNextEntry", 1, {480, 2, {Entry(480, 0, Repeated(479, 0x42)), Entry(480, 1, {0x00, 0x01})}}, "0",
-       Times(479, "A") + "я"},
-      // A 00 with fewer than two bytes behind it in the file ends the text.
-      {"ZeroInLastButOnePosition", 1, {480, 1, {Entry(480, 0, Repeated(478, 0x42)), {479, {0x43}}}}, "0", Times(478, "A")},
-      {"ZeroInLastPosition", 1, {480, 1, {Entry(480, 0, Repeated(479, 0x42))}}, "0", Times(479, "A")},
-  };
-}
+const Decode_Case Decode_Cases[] = {
+    {"WorkedCaseAB_Message0", 1, 1, {{0, Worked_1}}, "0", "A B"},
+    {"WorkedCaseAB_Message2", 1, 3, {{960, Worked_1}}, "2", "A B"},
+    {"WorkedCaseMYa_Message0", 1, 1, {{0, Worked_2}}, "0", "мя"},
+    {"WorkedCaseMYa_Message1", 1, 2, {{480, Worked_2}}, "1", "мя"},
+    {"WorkedCaseAB_Kind3_Message1", 3, 2, {{320, Worked_1}}, "1", "A B"},
+    // Message 0 has no byte in front of it to see a leading 00 01.
+    {"YaFirst_Message0_IsLost", 1, 1, {{0, Ya_First}}, "0", "A"},
+    {"YaFirst_Message1_IsShown", 1, 2, {{480, Ya_First}}, "1", "яA"},
+    {"TwoYaInARow_GiveOne", 1, 1, {{0, {0x42, 0x00, 0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0x00}}}, "0", "Aя"},
+    {"ZeroZeroFive_Kind1_GoesOn", 1, 1, {{0, Zero_Zero_Five}}, "0", "A\x04" "B"},
+    {"ZeroZeroFive_Kind3_GoesOn", 3, 1, {{0, Zero_Zero_Five}}, "0", "A\x04" "B"},
+    {"ZeroZeroFive_Kind4_Ends", 4, 1, {{0, Zero_Zero_Five}}, "0", "A"},
+    {"Ya_Kind4_IsNoEnd", 4, 1, {{0, {0x42, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00}}}, "0", "Aя"},
+    {"Blanks_20And21", 1, 1, {{0, {0x20, 0x00, 0x21, 0x00, 0x42, 0x00, 0x00, 0x00}}}, "0", "  A"},
+    {"Code0_AddsNothing", 1, 1, {{0, {0x42, 0x00, 0x01, 0x00, 0x43, 0x00, 0x00, 0x00}}}, "0", "AB"},
+    {"Cyrillic", 1, 1, {{0, {0xC1, 0, 0xE0, 0, 0xE1, 0, 0xA9, 0, 0xB9, 0, 0xBA, 0, 0xFF, 0, 0, 1, 0, 0, 0}}}, "0",
+     "АЯаЁё№юя"},
+    {"StrayLastByteOfMessageBefore", 1, 2, {{479, {0x44}}, {480, {0x42, 0x00, 0x00, 0x00}}}, "1", "CA"},
+    {"EmptyMessage1", 1, 2, {{0, B479}}, "1", ""},
+    {"Message0_TwoLeadingZeros_IsNotEmpty", 1, 1, {{0, {0x00, 0x00, 0x42, 0x00, 0x00, 0x00}}}, "0", "A"},
+    {"Message0_ThreeLeadingZeros_IsEmpty", 1, 1, {{0, {0x00, 0x00, 0x00, 0x42, 0x00, 0x00}}}, "0", ""},
+    // Without an end mark the walk stops at the entry's last byte; message N starts one early.
+    {"NoEndMark_Message0_WholeEntry", 1, 2, {{0, Bytes(960, 0x42)}}, "0", std::string(480, 'A')},
+    {"NoEndMark_Message1_EntryAndOneByte", 1, 3, {{0, Bytes(1440, 0x42)}}, "1", std::string(481, 'A')},
+    // The look-ahead of the last byte reads the next entry.
+    {"LookAheadIntoNextEntry", 1, 2, {{0, B479}, {480, {0x00, 0x01}}}, "0", std::string(479, 'A') + "я"},
+    // A 00 with fewer than two bytes behind it in the file ends the text.
+    {"ZeroInLastButOnePosition", 1, 1, {{0, Bytes(478, 0x42)}, {479, {0x43}}}, "0", std::string(478, 'A')},
+    {"ZeroInLastPosition", 1, 1, {{0, B479}}, "0", std::string(479, 'A')},
+};
 
 class Decoding : public Edt_Reader, public testing::WithParamInterface<Decode_Case> {};
 
 TEST_P(Decoding, ShowsTheDecodedMessage) {
   const Decode_Case& c = GetParam();
-  Bind(c.file.Build(), c.kind, c.message);
+  Bytes file((c.kind == 3 ? 320 : 480) * c.entries, 0);
+  for (const auto& [offset, bytes] : c.puts) std::ranges::copy(bytes, file.begin() + static_cast<std::ptrdiff_t>(offset));
+  Bind(file, c.kind, c.message);
   EXPECT_EQ(Read(), c.expected);
   EXPECT_EQ(window.L_Message.Caption, c.message);
   EXPECT_TRUE(platform.Messages.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, Decoding, testing::ValuesIn(Decode_Cases()),
+INSTANTIATE_TEST_SUITE_P(Files, Decoding, testing::ValuesIn(Decode_Cases),
                          [](const testing::TestParamInfo<Decode_Case>& info) { return info.param.name; });
 
-// A message is shown only when the file holds its whole entry; else nothing changes, silently.
-TEST_F(Edt_Reader, FileMustHoldTheWholeEntry) {
-  for (const auto& [kind, size] : {std::pair{1, 480}, std::pair{3, 320}, std::pair{4, 480}}) {
-    for (int n : {0, 2}) {
+// A message is shown only when the file holds its whole entry, else nothing changes, silently.
+// Positions are 16-bit: 67 is the last message of 480 bytes and 101 the last of 320.
+TEST_F(Edt_Reader, WholeEntryAndLastMessage) {
+  for (const auto& [kind, size, last] : {std::tuple{1, 480, 67}, std::tuple{4, 480, 67}, std::tuple{3, 320, 101}}) {
+    for (int n : {0, 2, last}) {
+      SCOPED_TRACE(std::to_string(kind) + " " + std::to_string(n));
       const std::size_t whole = static_cast<std::size_t>((n + 1) * size);
       Bytes file(whole, 0);
-      file[whole - static_cast<std::size_t>(size)] = 0x42;  // entry n reads "A"
+      file[whole - static_cast<std::size_t>(size)] = 0x44;  // entry n reads "C"
+      Tick_Without_Dialog();
       Bind(file, kind, std::to_string(n));
-      EXPECT_EQ(Read(), "A") << kind << " " << n;
-      EXPECT_EQ(window.Edt_Entry_Size, size);
-      EXPECT_EQ(window.Edt_File_Size, static_cast<std::int64_t>(whole));
+      EXPECT_EQ(Read(), "C");
+      EXPECT_EQ(std::tuple(window.Edt_Entry_Size, window.Edt_File_Size), std::tuple(size, std::int64_t(whole)));
 
       file.pop_back();
       Bind(file, kind, std::to_string(n));
-      EXPECT_EQ(Read(), "before") << kind << " " << n;
+      EXPECT_EQ(Read(), "before");
       EXPECT_EQ(window.L_Message.Caption, std::to_string(n));
+      EXPECT_TRUE(platform.Messages.empty());
     }
-  }
-  EXPECT_TRUE(platform.Messages.empty());
-}
-
-// Positions are 16-bit: 67 is the last message of 480 bytes and 101 the last of 320.
-TEST_F(Edt_Reader, LastMessageThatCanBeShown) {
-  for (const auto& [kind, size, last] : {std::tuple{1, 480, 67}, std::tuple{4, 480, 67}, std::tuple{3, 320, 101}}) {
-    Speech_File file{static_cast<std::size_t>(size), static_cast<std::size_t>(last + 2),
-                     {Entry(static_cast<std::size_t>(size), static_cast<std::size_t>(last), {0x44, 0x00, 0x00, 0x00})}};
-    Bind(file.Build(), kind, std::to_string(last));
-    EXPECT_EQ(Read(), "C") << kind;
-    EXPECT_TRUE(platform.Messages.empty());
-
-    platform.Messages.clear();
-    Tick_Without_Dialog();
-    Bind(file.Build(), kind, std::to_string(last + 1));
+    Bind(Bytes(static_cast<std::size_t>(size * (last + 2)), 0), kind, std::to_string(last + 1));
     Read();
     Expect_Reading_Failed();
-    platform.Messages.clear();
   }
 }
 
-// Beyond the limit but beyond the file too: the file is too short, and that is silent.
-TEST_F(Edt_Reader, MessageBeyondTheLimitInAShortFileIsSilent) {
-  Tick_Without_Dialog();
-  Bind(Bytes(68 * 480, 0x42), 1, "68");
-  EXPECT_EQ(Read(), "before");
-  EXPECT_EQ(window.L_Message.Caption, "68");
-  EXPECT_EQ(window.Check.Value, 1);
-  EXPECT_TRUE(platform.Messages.empty());
-}
-
-// Message numbers at the limits of 16 and 32 bits and below 0. Beyond the end of a short file
-// nothing happens; within a file long enough for them (100 MB), before the file's start or
-// beyond 32 bits, the failure road.
+// Message numbers at the limits of 16 and 32 bits, below 0 and no number at all. Beyond the end
+// of a short file nothing happens; within a file long enough for them (100 MB), before the
+// file's start, beyond 32 bits or without a number, the failure road.
 TEST_F(Edt_Reader, MessageNumbersAtTheLimits) {
-  const std::string huge = folder.Path("huge.edt");
-  { std::ofstream create(huge, std::ios::binary); }
-  std::filesystem::resize_file(huge, 100'000'000);
-  const struct {
-    const char* number;
-    bool fails_in_short_file;
-  } rows[] = {
-      {"32767", false}, {"32768", false}, {"65535", false},     {"65536", false},
-      {"-1", true},     {"-32768", true}, {"2147483647", true}, {"99999999999", true},
+  const std::string huge = Huge_File(folder.Path("huge.edt"));
+  const std::pair<const char*, bool> rows[] = {  // number, fails in a short file
+      {"32767", false}, {"32768", false}, {"65535", false},     {"65536", false},      {"68", false},
+      {"-1", true},     {"-32768", true}, {"2147483647", true}, {"99999999999", true}, {"x", true},
   };
-  for (const auto& row : rows) {
+  for (const auto& [number, fails_in_short_file] : rows) {
     for (const bool in_huge : {false, true}) {
-      SCOPED_TRACE(std::string(row.number) + (in_huge ? " in 100 MB" : " in 960 bytes"));
-      platform.Messages.clear();
+      SCOPED_TRACE(std::string(number) + (in_huge ? " in 100 MB" : " in 960 bytes"));
       Tick_Without_Dialog();
-      Bind(Bytes(960, 0x42), 1, row.number);
+      Bind(Bytes(960, 0x42), 1, number);
       if (in_huge) window.Edt_Path = huge;
       Read();
-      if (in_huge || row.fails_in_short_file) {
+      if (in_huge || fails_in_short_file) {
         Expect_Reading_Failed();
       } else {
         EXPECT_TRUE(platform.Messages.empty());
-        EXPECT_EQ(window.L_Edt.Caption, "before");
-        EXPECT_EQ(window.L_Message.Caption, row.number);
-        EXPECT_EQ(window.Check.Value, 1);
+        EXPECT_EQ(std::tuple(window.L_Edt.Caption, window.L_Message.Caption, window.Check.Value),
+                  std::tuple("before", number, 1));
       }
     }
   }
@@ -224,21 +169,13 @@ TEST_F(Edt_Reader, MessageNumbersAtTheLimits) {
   EXPECT_EQ(std::filesystem::file_size(huge), 100'000'000u);
 }
 
-TEST_F(Edt_Reader, ShorterThanOneEntryShowsNothing) {
-  Bind(Bytes(479, 0x42), 1, "0");
-  EXPECT_EQ(Read(), "before");
-  EXPECT_TRUE(platform.Messages.empty());
-}
-
-TEST_F(Edt_Reader, NoKindReadsNothing) {
+// No kind bound reads nothing; a file that has gone since it was chosen reads as an empty one.
+TEST_F(Edt_Reader, NoKindOrVanishedFileIsSilent) {
   Bind(Bytes(480, 0x42), 0, "0");
   window.Txt_Free.Text = "save";
   EXPECT_EQ(Read(), "before");
   EXPECT_EQ(window.Txt_Free.Text, "save");
-}
 
-// A file that has gone since it was chosen reads as an empty one.
-TEST_F(Edt_Reader, VanishedFileIsSilent) {
   Bind(Bytes(480, 0x42), 1, "0");
   std::filesystem::remove(window.Edt_Path);
   EXPECT_EQ(Read(), "before");
@@ -246,54 +183,32 @@ TEST_F(Edt_Reader, VanishedFileIsSilent) {
   EXPECT_TRUE(platform.Messages.empty());
 }
 
-// The number comes from the label; a label that holds no number can't be read.
-TEST_F(Edt_Reader, MessageNumberThatIsNoNumberFails) {
-  Tick_Without_Dialog();
-  Bind(Bytes(960, 0x42), 1, "x");
-  Read();
-  Expect_Reading_Failed();
-}
-
 // Counts what is read, so that a large file can be seen to be read in part only.
-class Counting_Files : public Disk_Files {
- public:
+struct Counting_Files : Disk_Files {
   std::size_t bytes_read = 0;
-  std::vector<std::uint8_t> Read(const std::string& path, std::int64_t offset, std::size_t count) override {
+  Bytes Read(const std::string& path, std::int64_t offset, std::size_t count) override {
     bytes_read += count;
     return Disk_Files::Read(path, offset, count);
   }
 };
 
 TEST_F(Edt_Reader, LargeFileIsReadInPart) {
-  const std::string path = folder.Path("large.edt");
-  { std::ofstream create(path, std::ios::binary); }
-  std::filesystem::resize_file(path, 100'000'000);
-  {
-    std::fstream out(path, std::ios::binary | std::ios::in | std::ios::out);
-    out.seekp(67 * 480);
-    const char text[] = {0x43, 0x00, 0x42, 0x00, 0x00, 0x00};
-    out.write(text, sizeof text);
-  }
+  const std::string path = Huge_File(folder.Path("large.edt"), 67 * 480, std::string("\x43\0\x42\0\0\0", 6));
   Counting_Files files;
   Vorlane large{platform, files};
   large.Edt_Path = path;
   large.Edt_Kind = 1;
   large.L_Message.Caption = "67";
 
-  const auto start = std::chrono::steady_clock::now();
   Read_EDT(large);
-  const auto took = std::chrono::steady_clock::now() - start;
   EXPECT_EQ(large.L_Edt.Caption, "BA");
   EXPECT_EQ(large.Edt_File_Size, 100'000'000);
   EXPECT_LE(files.bytes_read, 480u + 3u);
-  EXPECT_LT(took, std::chrono::milliseconds(200));
 
-  large.L_Message.Caption = "68";
+  large.L_Message.Caption = "68";  // fails before reading
   Read_EDT(large);
   EXPECT_EQ(large.L_Message.Caption, "0");
-  EXPECT_EQ(large.L_Edt.Caption, "");
-  ASSERT_EQ(platform.Messages.size(), 1u);
-  EXPECT_EQ(platform.Messages[0].Prompt, "Ошибка во время чтения файла\r\n" + path);
+  EXPECT_EQ(platform.Messages.size(), 1u);
   EXPECT_LE(files.bytes_read, 480u + 3u);
 }
 
@@ -304,10 +219,7 @@ TEST(Cp1251, Characters) {
   };
   for (const auto& [code, utf8] : letters) EXPECT_EQ(cp1251::Character(code), utf8) << int{code};
   EXPECT_EQ(cp1251::Character(0), "");
-}
-
-// Each code of the upper half is one character of its own.
-TEST(Cp1251, UpperHalfIsOneDistinctCharacterEach) {
+  // Each code of the upper half is one character of its own.
   std::set<std::string> seen;
   for (int code = 0x80; code <= 0xFF; ++code) {
     const std::string& c = cp1251::Character(static_cast<unsigned char>(code));

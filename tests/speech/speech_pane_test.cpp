@@ -14,18 +14,14 @@
 
 namespace {
 
-const char* const Dialog_Filter =
-    "Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|(<Civ+2num>.edt or <Sector>.edt)|*.edt|"
-    "Комменнтарии НПЦ (<D_+3num>.edt)|*.edt";
-
 // A speech file of `entries` entries of `size` bytes; entry n reads the letter 'A' + n.
 Bytes Speech(std::size_t size, std::size_t entries) {
   Bytes file(size * entries, 0);
-  for (std::size_t n = 0; n < entries; ++n) file[n * size] = static_cast<std::uint8_t>('A' + n % 26 + 1);
+  for (std::size_t n = 0; n < entries; ++n) file[n * size] = static_cast<std::uint8_t>('A' + n + 1);
   return file;
 }
 
-std::string Letter(int n) { return std::string(1, static_cast<char>('A' + n % 26)); }
+using Pair = std::pair<std::string, std::string>;
 
 class Speech_Pane : public Window_Test {
  protected:
@@ -45,83 +41,65 @@ class Speech_Pane : public Window_Test {
   void Untick() { Event([&] { Check_Set_Value(window, 0); }); }
   void Previous() { Event([&] { Com1_Click(window); }); }
   void Next() { Event([&] { Com2_Click(window); }); }
-
-  const Shown_Dialog& Dialog() {
-    EXPECT_FALSE(platform.Dialogs.empty());
-    return platform.Dialogs.back();
+  // The message number and text on show.
+  Pair Shown() { return {window.L_Message.Caption, window.L_Edt.Caption}; }
+  void Explain_Byte_14(const char* pair) {
+    Set_Cells(window, std::string(64, '0'));
+    window.L(1).Caption = "02";
+    window.L(14).Caption = pair;
+    Event([&] { Info_For_Byte_14(window); });
   }
   void Expect_Off() {
-    EXPECT_EQ(window.Check.Value, 0);
-    EXPECT_EQ(window.Edt_Kind, 0);
-    EXPECT_FALSE(window.Com1.Enabled);
-    EXPECT_FALSE(window.Com2.Enabled);
-    EXPECT_EQ(window.L_Message.Caption, "0");
-    EXPECT_EQ(window.L_Edt.Caption, "");
+    EXPECT_EQ(std::tuple(window.Check.Value, window.Edt_Kind, window.Com1.Enabled, window.Com2.Enabled),
+              std::tuple(0, 0, false, false));
+    EXPECT_EQ(Shown(), Pair("0", ""));
   }
 };
 
 TEST_F(Speech_Pane, TickingAsksForTheSpeechFileAndShowsMessage0) {
   const std::string path = Tick_With(Speech(480, 3));
   ASSERT_EQ(platform.Dialogs.size(), 2u);  // the NPC file's, then this one
-  const Common_Dialog& cd = Dialog().Settings;
-  EXPECT_FALSE(Dialog().Save);
-  EXPECT_EQ(cd.Flags, 4100);
-  EXPECT_EQ(cd.FileName, "123.edt");
-  EXPECT_EQ(cd.Filter, Dialog_Filter);
-  EXPECT_EQ(cd.FilterIndex, 1);
-  EXPECT_EQ(cd.DialogTitle, "VORLANE - OPEN \"EDT\" FILE...");
+  EXPECT_EQ(Dialog_Line(platform.Dialogs.back()),
+            "open|4100|123.edt|Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|"
+            "(<Civ+2num>.edt or <Sector>.edt)|*.edt|Комменнтарии НПЦ (<D_+3num>.edt)|*.edt|1|"
+            "VORLANE - OPEN \"EDT\" FILE...");
 
-  EXPECT_EQ(window.Check.Value, 1);
-  EXPECT_EQ(window.Edt_Path, path);
-  EXPECT_EQ(window.Edt_Kind, 1);
-  EXPECT_TRUE(window.Com1.Enabled);
-  EXPECT_TRUE(window.Com2.Enabled);
-  EXPECT_EQ(window.L_Message.Caption, "0");
-  EXPECT_EQ(window.L_Edt.Caption, "A");
+  EXPECT_EQ(std::tuple(window.Check.Value, window.Edt_Path, window.Edt_Kind, window.Com1.Enabled, window.Com2.Enabled),
+            std::tuple(1, path, 1, true, true));
+  EXPECT_EQ(Shown(), Pair("0", "A"));
   EXPECT_TRUE(platform.Messages.empty());
 }
 
-// The name proposed in the dialog is the NPC file's bare name with .edt for .npc.
-TEST_F(Speech_Pane, ProposedName) {
+// The name proposed in the dialog is the NPC file's bare name with .edt for .npc; none for a new
+// file. Cancel, or a chosen file that can't be measured, leaves the pane off without a word.
+TEST_F(Speech_Pane, ProposedNameAndNoFile) {
   const std::pair<const char*, const char*> names[] = {
-      {"a.NpC", "a.edt"}, {".npc", ".npc"}, {"x.npc.bak", "x.npc.bak"}, {"файл.npc", "файл.edt"}, {"ж.npc", "ж.edt"},
+      {"a.NpC", "a.edt"}, {".npc", ".npc"}, {"x.npc.bak", "x.npc.bak"}, {"файл.npc", "файл.edt"},
+      {"ж.npc", "ж.edt"}, {nullptr, ""},
   };
   for (const auto& [npc, proposed] : names) {
-    Open_Bytes(npc, Standard_File());
+    npc ? Open_Bytes(npc, Standard_File()) : Event([&] { nNew_Click(window); });
+    window.L_Edt.Caption = "old";
     Tick(std::nullopt);
-    EXPECT_EQ(Dialog().Settings.FileName, proposed) << npc;
+    EXPECT_EQ(platform.Dialogs.back().Settings.FileName, proposed) << (npc ? npc : "new");
+    Expect_Off();
   }
-  // A new file names no file on disk.
-  Event([&] { nNew_Click(window); });
-  Tick(std::nullopt);
-  EXPECT_EQ(Dialog().Settings.FileName, "");
+  Tick(Dialog_Pick{folder.Path("none.edt"), 1});
+  Expect_Off();
+  EXPECT_TRUE(platform.Messages.empty());
 }
 
 // The filter entry says what kind of file it is and so how large a message is.
 TEST_F(Speech_Pane, FilterIndexGivesTheKind) {
-  const std::tuple<int, int, std::size_t> kinds[] = {{1, 1, 480}, {2, 3, 320}, {3, 3, 320}, {4, 4, 480}};
-  for (const auto& [index, kind, size] : kinds) {
-    Tick_With(Speech(size, 3), index);
+  for (const auto& [index, kind, size] : {std::tuple{1, 1, 480}, std::tuple{2, 3, 320}, std::tuple{3, 3, 320},
+                                          std::tuple{4, 4, 480}}) {
+    Tick_With(Speech(static_cast<std::size_t>(size), 3), index);
     EXPECT_EQ(window.Edt_Kind, kind) << index;
     Next();
-    EXPECT_EQ(window.L_Message.Caption, "1") << index;
-    EXPECT_EQ(window.L_Edt.Caption, "B") << index;
+    EXPECT_EQ(Shown(), Pair("1", "B")) << index;
     Untick();
   }
   EXPECT_EQ(platform.Beeps, 0);
-}
-
-TEST_F(Speech_Pane, CancelLeavesThePaneOff) {
-  window.L_Edt.Caption = "old";
-  Tick(std::nullopt);
-  Expect_Off();
-  EXPECT_TRUE(platform.Messages.empty());
-}
-
-TEST_F(Speech_Pane, ChosenFileThatCantBeMeasuredLeavesThePaneOff) {
-  Tick(Dialog_Pick{folder.Path("none.edt"), 1});
-  Expect_Off();
-  EXPECT_TRUE(platform.Messages.empty());
 }
 
 TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
@@ -130,54 +108,39 @@ TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
       {2, 319, true}, {2, 320, false}, {3, 319, true}, {3, 480, false},
   };
   for (const auto& [index, length, warned] : cases) {
+    SCOPED_TRACE(std::to_string(index) + " " + std::to_string(length));
+    Untick();
     platform.Messages.clear();
     const std::string path = Tick_With(Bytes(length, 0x42), index);
     EXPECT_EQ(window.Check.Value, 1);
-    if (!warned) {
-      EXPECT_TRUE(platform.Messages.empty()) << index << " " << length;
-    } else {
-      const std::string size = index == 1 || index == 4 ? "480" : "320";
-      ASSERT_EQ(platform.Messages.size(), 1u);
-      EXPECT_EQ(platform.Messages[0].Prompt,
-                "File " + path + " < " + size + "bytes\r\nOne message have size " + size + " bytes");
-      EXPECT_EQ(platform.Messages[0].Style, 48);
-      EXPECT_EQ(platform.Messages[0].Title, "NOTE!");
-      EXPECT_EQ(window.L_Edt.Caption, "");  // nothing to show
-      EXPECT_TRUE(window.Com2.Enabled);
-    }
+    EXPECT_TRUE(window.Com2.Enabled);
     EXPECT_EQ(Read_File(path), Bytes(length, 0x42));
-    Untick();
+    const std::string size = index == 1 || index == 4 ? "480" : "320";
+    const Shown_Message note{"File " + path + " < " + size + "bytes\r\nOne message have size " + size + " bytes", 48,
+                             "NOTE!"};
+    EXPECT_EQ(platform.Messages, warned ? std::vector{note} : std::vector<Shown_Message>{});
+    if (warned) {
+      EXPECT_EQ(window.L_Edt.Caption, "");  // nothing to show
+    }
   }
 }
 
 TEST_F(Speech_Pane, SteppingStopsAtBothEnds) {
   Tick_With(Speech(480, 3));
-  Previous();
-  EXPECT_EQ(platform.Beeps, 1);
-  EXPECT_EQ(window.L_Message.Caption, "0");
-
-  for (int n = 1; n <= 2; ++n) {
-    Next();
-    EXPECT_EQ(window.L_Message.Caption, std::to_string(n));
-    EXPECT_EQ(window.L_Edt.Caption, Letter(n));
+  const std::tuple<bool, Pair, int> steps[] = {  // forward, shown, beeps
+      {false, {"0", "A"}, 1}, {true, {"1", "B"}, 1}, {true, {"2", "C"}, 1}, {true, {"2", "C"}, 2}, {false, {"1", "B"}, 2},
+  };
+  for (const auto& [forward, shown, beeps] : steps) {
+    forward ? Next() : Previous();
+    EXPECT_EQ(std::tuple(Shown(), platform.Beeps), std::tuple(shown, beeps));
   }
-  Next();
-  EXPECT_EQ(platform.Beeps, 2);
-  EXPECT_EQ(window.L_Message.Caption, "2");
-  EXPECT_EQ(window.L_Edt.Caption, "C");
-
-  Previous();
-  EXPECT_EQ(window.L_Message.Caption, "1");
-  EXPECT_EQ(window.L_Edt.Caption, "B");
   EXPECT_TRUE(platform.Messages.empty());
-}
 
-// A message counts only with its whole entry: 959 bytes hold one message of 480.
-TEST_F(Speech_Pane, IncompleteLastEntryIsNoMessage) {
+  // A message counts only with its whole entry: 959 bytes hold one message of 480.
+  Untick();
   Tick_With(Speech(959, 1));
   Next();
-  EXPECT_EQ(platform.Beeps, 1);
-  EXPECT_EQ(window.L_Message.Caption, "0");
+  EXPECT_EQ(std::tuple(window.L_Message.Caption, platform.Beeps), std::tuple("0", 3));
 }
 
 TEST_F(Speech_Pane, VanishedFile) {
@@ -187,103 +150,53 @@ TEST_F(Speech_Pane, VanishedFile) {
     Next();
     std::filesystem::remove(path);
     forward ? Next() : Previous();
-    ASSERT_EQ(platform.Messages.size(), 1u);
-    EXPECT_EQ(platform.Messages[0].Prompt,
-              "Файл " + path + " не найден!\r\n Возможно он был перемещен или удален");
-    EXPECT_EQ(platform.Messages[0].Style, 16);
-    EXPECT_EQ(platform.Messages[0].Title, "ERROR");
+    EXPECT_EQ(platform.Messages, (std::vector<Shown_Message>{
+                                     {"Файл " + path + " не найден!\r\n Возможно он был перемещен или удален", 16, "ERROR"}}));
     Expect_Off();
     EXPECT_EQ(platform.Beeps, 0);
   }
 }
 
-TEST_F(Speech_Pane, UntickingLetsTheFileGo) {
-  Tick_With(Speech(480, 3));
-  Next();
-  Untick();
-  Expect_Off();
-  Next();  // the buttons do nothing while no kind is bound
-  Previous();
-  EXPECT_EQ(window.L_Message.Caption, "0");
-  EXPECT_EQ(platform.Beeps, 0);
-}
-
-// Only a new value raises the click: ticking a ticked box asks for no file.
-TEST_F(Speech_Pane, SameValueRaisesNoClick) {
+// Unticking lets the file go: the buttons do nothing while no kind is bound. Only a new value
+// raises the click: ticking a ticked box asks for no file, unticking an unticked one does nothing.
+TEST_F(Speech_Pane, UntickingAndSameValue) {
   Tick_With(Speech(480, 3));
   Next();
   Event([&] { Check_Set_Value(window, 1); });
-  EXPECT_EQ(platform.Dialogs.size(), 2u);
-  EXPECT_EQ(window.L_Message.Caption, "1");
+  EXPECT_EQ(std::tuple(platform.Dialogs.size(), window.L_Message.Caption), std::tuple(2u, "1"));
   Untick();
+  Expect_Off();
+  Next();
+  Previous();
+  EXPECT_EQ(std::tuple(window.L_Message.Caption, platform.Beeps), std::tuple("0", 0));
   window.L_Message.Caption = "x";
   Untick();
   EXPECT_EQ(window.L_Message.Caption, "x");
 }
 
-// The explanation of byte 14 drives a ticked pane.
-class Speech_Follows_Record : public Speech_Pane {
- protected:
-  void Explain_Byte_14(const char* pair) {
-    Set_Cells(window, std::string(64, '0'));
-    window.L(1).Caption = "02";
-    window.L(14).Caption = pair;
-    Event([&] { Info_For_Byte_14(window); });
-  }
-};
-
-TEST_F(Speech_Follows_Record, MessageOfTheRecordIsShown) {
-  Tick_With(Speech(480, 3));
-  Explain_Byte_14("02");
-  EXPECT_EQ(window.L_Message.Caption, "2");
-  EXPECT_EQ(window.L_Edt.Caption, "C");
-}
-
-TEST_F(Speech_Follows_Record, NoMessageShowsIgnored) {
-  Tick_With(Speech(480, 3));
-  Explain_Byte_14("FF");
-  EXPECT_EQ(window.L_Info_User.Caption, "НПЦ ничего не скажет");
-  EXPECT_EQ(window.L_Edt.Caption, "Игнорируетя");
-  EXPECT_EQ(window.L_Message.Caption, "-1");
-
-  // From -1, ">>" goes to message 0 and "<<" beeps.
-  Previous();
-  EXPECT_EQ(platform.Beeps, 1);
-  EXPECT_EQ(window.L_Message.Caption, "-1");
-  Next();
-  EXPECT_EQ(window.L_Message.Caption, "0");
-  EXPECT_EQ(window.L_Edt.Caption, "A");
-}
-
-TEST_F(Speech_Follows_Record, UntickedPaneIsLeftAloneButABadRecordEmptiesTheText) {
+// The explanation of byte 14 drives a ticked pane; FF touches it only while ticked.
+TEST_F(Speech_Pane, ByteFourteenOfTheRecord) {
   window.L_Edt.Caption = "speech";
   Explain_Byte_14("FF");
-  EXPECT_EQ(window.L_Edt.Caption, "speech");
-  EXPECT_EQ(window.L_Message.Caption, "0");
-  Explain_Byte_14("05");
-  EXPECT_EQ(window.L_Edt.Caption, "speech");
-  EXPECT_EQ(window.L_Message.Caption, "0");
+  EXPECT_EQ(Shown(), Pair("0", "speech"));
 
-  Set_Cells(window, std::string(64, '0'));
-  Event([&] { Info_For_Byte_14(window); });
-  EXPECT_EQ(window.L_Info_User.Caption, "Bad record");
-  EXPECT_EQ(window.L_Edt.Caption, "");
-}
-
-// Message 254 lies beyond what the reader can reach: in a file that holds it, that fails.
-TEST_F(Speech_Follows_Record, MessageBeyondTheReachOfTheReader) {
   Tick_With(Speech(480, 3));
-  Explain_Byte_14("FE");
-  EXPECT_EQ(window.L_Message.Caption, "254");
-  EXPECT_EQ(window.L_Edt.Caption, "A");
-  EXPECT_EQ(window.Check.Value, 1);
-  EXPECT_TRUE(platform.Messages.empty());
-  Untick();
+  Explain_Byte_14("02");
+  EXPECT_EQ(Shown(), Pair("2", "C"));
+  Explain_Byte_14("FF");
+  EXPECT_EQ(window.L_Info_User.Caption, "НПЦ ничего не скажет");
+  EXPECT_EQ(Shown(), Pair("-1", "Игнорируетя"));
+  Previous();  // from -1, "<<" beeps and ">>" goes to message 0
+  EXPECT_EQ(std::tuple(window.L_Message.Caption, platform.Beeps), std::tuple("-1", 1));
+  Next();
+  EXPECT_EQ(Shown(), Pair("0", "A"));
 
-  const std::string path = Tick_With(Speech(480, 255), 1, "long.edt");
+  // Message 254 lies beyond what the reader can reach: in a file that holds it, that fails.
   Explain_Byte_14("FE");
-  ASSERT_EQ(platform.Messages.size(), 1u);
-  EXPECT_EQ(platform.Messages[0].Prompt, "Ошибка во время чтения файла\r\n" + path);
+  EXPECT_EQ(std::tuple(Shown(), window.Check.Value, platform.Messages.size()), std::tuple(Pair("254", "A"), 1, 0u));
+  const std::string path = folder.Write("speech.edt", Speech(480, 255));
+  Explain_Byte_14("FE");
+  EXPECT_EQ(platform.Messages, (std::vector<Shown_Message>{{"Ошибка во время чтения файла\r\n" + path, 16, "ERROR"}}));
   Expect_Off();
 }
 

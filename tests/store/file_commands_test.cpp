@@ -1,9 +1,13 @@
+#include "store/file_commands.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
+#include <tuple>
 
-#include "store/file_commands.h"
 #include "speech/speech.h"
+#include "store/failure.h"
 #include "store/image.h"
 #include "store/text.h"
 #include "support/fixture.h"
@@ -14,6 +18,11 @@
 namespace {
 
 namespace fs = std::filesystem;
+using Messages = std::vector<Shown_Message>;
+
+const std::string kFilter = "*.npc|*.npc|все файлы (*.*)|*.*";
+const std::string kOpenDialog = "open|4100||" + kFilter + "|1|VORLANE - OPEN FILE...";
+const std::string kSaveAsDialog = "save|6||" + kFilter + "|1|VORLANE - SAVE AS...";
 
 std::string Name_Of(int npc) {
   std::string name = std::to_string(npc);
@@ -21,8 +30,18 @@ std::string Name_Of(int npc) {
   return name;
 }
 
+// The file with byte 1 of record 3 made EE, as Change_Record_3 does.
+Bytes Changed(Bytes file = Standard_File()) {
+  file[64] = 0xEE;
+  return file;
+}
+
+Messages Question(const std::string& shown) { return {{"Сохранить " + shown + "?", 35, "VORLANE"}}; }
+
 class File_Commands : public Window_Test {
  protected:
+  explicit File_Commands(Files& files = Disk()) : Window_Test(files) {}
+
   // Opens a standard file 075.npc and changes byte 1 of record 3 to EE.
   std::string Open_Changed() {
     const std::string path = folder.Write("075.npc", Standard_File());
@@ -36,263 +55,209 @@ class File_Commands : public Window_Test {
     Event([&] { Read_From_File(window); });
     ASSERT_NE(window.HexImage, window.Saved_Image);
   }
-  static Bytes Changed_File() {
-    Bytes file = Standard_File();
-    file[64] = 0xEE;
-    return file;
-  }
   void Answer(int answer) { platform.Answers.push_back(answer); }
-  void Pick(const std::string& path) { platform.Picks.push_back(Dialog_Pick{path}); }
-  void Cancel_Dialog() { platform.Picks.push_back(std::nullopt); }
-  const Shown_Message& Only_Message() {
-    EXPECT_EQ(platform.Messages.size(), 1u);
-    return platform.Messages.at(0);
+  // A name picked in the next file dialog; nullopt is Cancel.
+  void Pick(const std::optional<std::string>& path) {
+    platform.Picks.push_back(path ? std::optional(Dialog_Pick{*path}) : std::nullopt);
   }
-  void Expect_Question(const std::string& path) {
-    const Shown_Message& m = Only_Message();
-    EXPECT_EQ(m.Prompt, "Сохранить " + path + "?");
-    EXPECT_EQ(m.Style, 35);
-    EXPECT_EQ(m.Title, "VORLANE");
+  void Run(void (*command)(Vorlane&)) { Event([&] { command(window); }); }
+  std::string Bars() const {
+    return window.SBar_1.SimpleText + "|" + window.SBar_2.SimpleText + "|" + window.SBar_3.SimpleText;
   }
-  std::string other_path() { return folder.Write("other.npc", Buka_File()); }
 };
 
 TEST_F(File_Commands, OpenShowsTheFileWithItsCharactersName) {
   const std::string path = folder.Write("075.npc", Standard_File());
   Open(path);
   ASSERT_EQ(platform.Dialogs.size(), 1u);
-  const Common_Dialog& dialog = platform.Dialogs[0].Settings;
-  EXPECT_FALSE(platform.Dialogs[0].Save);
-  EXPECT_EQ(dialog.Flags, 4100);
-  EXPECT_EQ(dialog.FileName, "");
-  EXPECT_EQ(dialog.Filter, "*.npc|*.npc|все файлы (*.*)|*.*");
-  EXPECT_EQ(dialog.FilterIndex, 1);
-  EXPECT_EQ(dialog.DialogTitle, "VORLANE - OPEN FILE...");
+  EXPECT_EQ(Dialog_Line(platform.Dialogs[0]), kOpenDialog);
   EXPECT_TRUE(platform.Messages.empty());
-  EXPECT_EQ(window.SBar_1.SimpleText, "1600 bytes");
-  EXPECT_EQ(window.SBar_2.SimpleText, path);
-  EXPECT_EQ(window.SBar_3.SimpleText, "075.NPC - " + Name_Of(75));
+  EXPECT_EQ(Bars(), "1600 bytes|" + path + "|075.NPC - " + Name_Of(75));
   EXPECT_EQ(window.File_Path, path);
   EXPECT_EQ(window.Slider.Value, 0);
-  EXPECT_TRUE(window.Check.Enabled);
+  EXPECT_TRUE(window.Check.Enabled && window.nSave.Enabled && window.nSaveas.Enabled);
   EXPECT_FALSE(window.nEdit.Enabled);
-  EXPECT_TRUE(window.nSave.Enabled);
-  EXPECT_TRUE(window.nSaveas.Enabled);
   EXPECT_EQ(image::Bytes_Of(window.HexImage), Standard_File());
 }
 
+// Every refused file brings the dialog again; Cancel at last leaves the file on show as it was.
 TEST_F(File_Commands, AFileOfAnyOtherSizeIsRefusedAndTheDialogComesAgain) {
-  Open_Bytes("good.npc", Standard_File());
+  const std::string path = folder.Write("075.npc", Standard_File());
+  Open(path);
   Event([&] { Slider_Set_Value(window, 7); });
-  const std::string shown = Cells_Text(window);
+  const std::string bars = Bars(), cells = Cells_Text(window);
   const std::pair<std::string, Bytes> files[] = {
-      {"short.npc", Bytes(1599, 1)},
-      {"long.npc", Bytes(1601, 2)},
-      {"empty.npc", Bytes()},
-      {"huge.npc", Bytes(10 << 20, 3)},
-  };
+      {"short.npc", Bytes(1599, 1)}, {"long.npc", Bytes(1601, 2)}, {"empty.npc", Bytes()}, {"huge.npc", Bytes(10 << 20, 3)}};
   for (const auto& [name, bytes] : files) Pick(folder.Write(name, bytes));
   const std::string a_folder = folder.Path("a folder.npc");
   fs::create_directory(a_folder);
-  Pick(a_folder);  // a folder picked as a file
-  Cancel_Dialog();
-  Event([&] { nOpen_Click(window); });
+  Pick(a_folder);
+  Pick(std::nullopt);
+  Run(nOpen_Click);
   EXPECT_EQ(platform.Dialogs.size(), 7u);
-  ASSERT_EQ(platform.Messages.size(), 5u);
-  for (const auto& m : platform.Messages) {
-    EXPECT_EQ(m.Prompt, "Неверный размер файла");
-    EXPECT_EQ(m.Style, 48);
-    EXPECT_EQ(m.Title, "ERROR");
-  }
-  EXPECT_EQ(window.SBar_2.SimpleText, folder.Path("good.npc"));
+  EXPECT_EQ(platform.Messages, Messages(5, {"Неверный размер файла", 48, "ERROR"}));
+  EXPECT_EQ(Bars(), bars);
   EXPECT_EQ(window.Slider.Value, 7);
-  EXPECT_EQ(Cells_Text(window), shown);
+  EXPECT_EQ(Cells_Text(window), cells);
   for (const auto& [name, bytes] : files) EXPECT_TRUE(Read_File(folder.Path(name)) == bytes) << name;
-  EXPECT_TRUE(fs::is_directory(a_folder) && fs::is_empty(a_folder));
-  EXPECT_EQ(Read_File(folder.Path("good.npc")), Standard_File());
+  EXPECT_TRUE(fs::is_empty(a_folder));
+  EXPECT_EQ(Read_File(path), Standard_File());
 }
 
-TEST_F(File_Commands, CancelInTheOpenDialogChangesNothing) {
-  Open_Bytes("075.npc", Standard_File());
-  Event([&] { Slider_Set_Value(window, 4); });
-  Cancel_Dialog();
-  Event([&] { nOpen_Click(window); });
-  EXPECT_EQ(window.Slider.Value, 4);
-  EXPECT_EQ(Cells_Text(window), image::Hex_Text(Record_Bytes(4)));
-  EXPECT_EQ(window.SBar_3.SimpleText, "075.NPC - " + Name_Of(75));
-}
+// Open, New and Exit with a changed file ask first, and go on or stay as the answer says.
+struct Leave_Row {
+  const char* name;
+  void (*command)(Vorlane&);
+  int answer;
+  const char* shown;  // afterwards: a name in the folder, or the new file
+  bool unloaded;
+};
 
-TEST_F(File_Commands, OpenOfAChangedFileAsksFirst) {
-  struct Row {
-    const char* name;
-    int answer;
-    bool written;  // the changed file reached the disk
-    bool loaded;   // the other file is on show afterwards
-  };
-  for (const Row row : {Row{"Yes", msgbox::Yes, true, true}, Row{"No", msgbox::No, false, true},
-                        Row{"Cancel", msgbox::Cancel, false, false}}) {
-    SCOPED_TRACE(row.name);
-    Temp_Folder here;
-    Scripted_Platform p;
-    Vorlane w(p);
-    w.Width = 9000, w.Height = 7000;
-    Form_Load(w);
-    const std::string path = here.Write("075.npc", Standard_File());
-    const std::string other = here.Write("other.npc", Buka_File());
-    p.Picks.push_back(Dialog_Pick{path});
-    Fire(w, [&] { nOpen_Click(w); });
-    Fire(w, [&] { Slider_Set_Value(w, 3); });
-    w.L(1).Caption = "EE";
-    Fire(w, [&] { Read_From_File(w); });
-    p.Answers.push_back(row.answer);
-    p.Picks.push_back(Dialog_Pick{other});
-    p.Messages.clear();
-    Fire(w, [&] { nOpen_Click(w); });
-    ASSERT_EQ(p.Messages.size(), 1u);
-    EXPECT_EQ(p.Messages[0].Prompt, "Сохранить " + path + "?");
-    EXPECT_EQ(Read_File(path), row.written ? Changed_File() : Standard_File());
-    EXPECT_EQ(w.SBar_2.SimpleText, row.loaded ? other : path);
-    EXPECT_EQ(w.FileType, row.loaded ? "ja" : "");
-    EXPECT_EQ(p.Picks.empty(), row.loaded) << "the open dialog is shown only when leaving succeeded";
-    if (!row.loaded) {
-      EXPECT_NE(w.HexImage, w.Saved_Image) << "the change is still there";
-    }
+class Leaving : public File_Commands, public ::testing::WithParamInterface<Leave_Row> {};
+
+TEST_P(Leaving, AChangedFileFollowsTheAnswer) {
+  const Leave_Row& row = GetParam();
+  const std::string path = Open_Changed();
+  const bool open = row.command == nOpen_Click, goes_on = row.answer != msgbox::Cancel;
+  Answer(row.answer);
+  if (open) Pick(folder.Write("other.npc", Buka_File()));
+  Run(row.command);
+  EXPECT_EQ(platform.Messages, Question(path));
+  EXPECT_EQ(Read_File(path), row.answer == msgbox::Yes ? Changed() : Standard_File());
+  EXPECT_EQ(window.SBar_2.SimpleText, row.shown == std::string(New_File_Path) ? row.shown : folder.Path(row.shown));
+  EXPECT_EQ(window.Unloaded, row.unloaded);
+  EXPECT_FALSE(platform.Ended) << "leaving is no fatal end";
+  EXPECT_EQ(platform.Dialogs.size(), open && goes_on ? 2u : 1u) << "the open dialog only once the file is left";
+  if (!goes_on) {
+    EXPECT_NE(window.HexImage, window.Saved_Image) << "the change is still there";
   }
 }
 
-TEST_F(File_Commands, OpenOfAChangedNewFileSavesItUnderTheGivenNameFirst) {
-  Event([&] { nNew_Click(window); });
-  Change_Record_3();
+INSTANTIATE_TEST_SUITE_P(Answers, Leaving,
+                         ::testing::Values(Leave_Row{"OpenYes", nOpen_Click, msgbox::Yes, "other.npc", false},
+                                           Leave_Row{"OpenNo", nOpen_Click, msgbox::No, "other.npc", false},
+                                           Leave_Row{"OpenCancel", nOpen_Click, msgbox::Cancel, "075.npc", false},
+                                           Leave_Row{"NewYes", nNew_Click, msgbox::Yes, New_File_Path, false},
+                                           Leave_Row{"NewNo", nNew_Click, msgbox::No, New_File_Path, false},
+                                           Leave_Row{"NewCancel", nNew_Click, msgbox::Cancel, "075.npc", false},
+                                           Leave_Row{"ExitYes", nExit_Click, msgbox::Yes, "075.npc", true},
+                                           Leave_Row{"ExitNo", nExit_Click, msgbox::No, "075.npc", true},
+                                           Leave_Row{"ExitCancel", nExit_Click, msgbox::Cancel, "075.npc", false}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// Yes for a changed file with no place on disk (a new file, or one gone from disk) brings the
+// save-as dialog without a word of the missing file; Cancel there keeps everything as it was.
+class Yes_Without_A_File : public File_Commands, public ::testing::WithParamInterface<std::tuple<bool, bool, bool>> {};
+
+TEST_P(Yes_Without_A_File, AsksForANameFirst) {
+  const auto [gone, exit, picked] = GetParam();
+  std::string shown = New_File_Path;
+  if (gone) {
+    shown = Open_Changed();
+    fs::remove(shown);
+  } else {
+    Run(nNew_Click);
+    Change_Record_3();
+  }
+  const std::string image = window.HexImage, saved = folder.Path("saved.npc");
+  const std::string other = folder.Write("other.npc", Buka_File());
+  const std::size_t dialogs = platform.Dialogs.size();
   Answer(msgbox::Yes);
-  const std::string saved = folder.Path("saved.npc");
-  Pick(saved);
-  const std::string other = other_path();
+  Pick(picked ? std::optional(saved) : std::nullopt);
   Pick(other);
-  Event([&] { nOpen_Click(window); });
-  Expect_Question("...\\new.npc");
-  ASSERT_EQ(platform.Dialogs.size(), 2u);
-  EXPECT_TRUE(platform.Dialogs[0].Save);
-  EXPECT_EQ(platform.Dialogs[0].Settings.DialogTitle, "VORLANE - SAVE AS...");
-  EXPECT_EQ(platform.Dialogs[0].Settings.Flags, 6);
-  EXPECT_EQ(platform.Dialogs[0].Settings.FilterIndex, 1);
-  EXPECT_EQ(platform.Dialogs[0].Settings.FileName, "");
-  Bytes expected(1600, 0);
-  expected[64] = 0xEE;
-  EXPECT_EQ(Read_File(saved), expected);
-  EXPECT_EQ(window.SBar_2.SimpleText, other);
+  Run(exit ? nExit_Click : nOpen_Click);
+  EXPECT_EQ(platform.Messages, Question(shown));
+  ASSERT_EQ(platform.Dialogs.size(), dialogs + (picked && !exit ? 2 : 1));
+  EXPECT_EQ(Dialog_Line(platform.Dialogs[dialogs]), kSaveAsDialog);
+  EXPECT_EQ(window.Unloaded, picked && exit);
+  if (picked) {
+    EXPECT_EQ(Read_File(saved), Changed(gone ? Standard_File() : Bytes(1600, 0)));
+    EXPECT_EQ(window.SBar_2.SimpleText, exit ? saved : other);
+  } else {
+    EXPECT_EQ(window.HexImage, image);
+    EXPECT_EQ(window.SBar_2.SimpleText, shown);
+    EXPECT_EQ(window.Slider.Value, 3);
+    EXPECT_EQ(window.Txt_Free.Text, "ERROR$");
+  }
+  EXPECT_FALSE(gone && fs::exists(shown));
 }
 
-TEST_F(File_Commands, CancellingTheSaveDialogWhileLeavingKeepsEverything) {
-  Event([&] { nNew_Click(window); });
-  Change_Record_3();
-  const std::string image = window.HexImage;
-  Answer(msgbox::Yes);
-  Cancel_Dialog();
-  Event([&] { nOpen_Click(window); });
-  EXPECT_EQ(platform.Dialogs.size(), 1u) << "no open dialog after the cancelled save";
-  EXPECT_EQ(window.HexImage, image);
-  EXPECT_EQ(window.SBar_2.SimpleText, "...\\new.npc");
-  EXPECT_EQ(window.Slider.Value, 3);
-}
+INSTANTIATE_TEST_SUITE_P(Cases, Yes_Without_A_File, ::testing::Combine(::testing::Bool(), ::testing::Bool(), ::testing::Bool()),
+                         [](const auto& info) {
+                           return std::string(std::get<0>(info.param) ? "Gone" : "New") +
+                                  (std::get<1>(info.param) ? "Exit" : "Open") +
+                                  (std::get<2>(info.param) ? "Picked" : "Cancelled");
+                         });
 
 TEST_F(File_Commands, AnswerNoThenCancelledOpenKeepsTheFileOnShowWhole) {
   const std::string path = Open_Changed();
   const std::string image = window.HexImage;
   Event([&] { Slider_Set_Value(window, 0); });
   Answer(msgbox::No);
-  Cancel_Dialog();
-  Event([&] { nOpen_Click(window); });
+  Pick(std::nullopt);
+  Run(nOpen_Click);
   EXPECT_EQ(window.HexImage, image) << "the image is never emptied under the file on show";
   EXPECT_NE(window.HexImage, window.Saved_Image);
   Event([&] { Slider_Set_Value(window, 3); });
   EXPECT_EQ(window.L(1).Caption, "EE");
-  // Saving now writes the whole changed file, never an empty one.
-  Event([&] { nSave_Click(window); });
-  EXPECT_EQ(Read_File(path), Changed_File());
+  Run(nSave_Click);
+  EXPECT_EQ(Read_File(path), Changed());
 }
 
 TEST_F(File_Commands, NewGivesAStandardFileOfZerosThatCountsAsUnchanged) {
   Open_Bytes("075.npc", Buka_File());
   Event([&] { Slider_Set_Value(window, 5); });
-  Event([&] { nNew_Click(window); });
-  EXPECT_TRUE(platform.Messages.empty());
+  Run(nNew_Click);
   EXPECT_EQ(window.HexImage, std::string(3200, '0'));
   EXPECT_EQ(window.Saved_Image, window.HexImage);
   EXPECT_EQ(window.FileType, "");
   EXPECT_EQ(window.Slider.Value, 0);
   EXPECT_EQ(Cells_Text(window), "");
-  EXPECT_EQ(window.SBar_1.SimpleText, "1600 bytes");
-  EXPECT_EQ(window.SBar_2.SimpleText, "...\\new.npc");
-  EXPECT_EQ(window.SBar_3.SimpleText, "NEW.NPC");
+  EXPECT_EQ(Bars(), "1600 bytes|...\\new.npc|NEW.NPC");
   EXPECT_EQ(window.File_Path, folder.Path("075.npc")) << "File_Path stays as it was";
-  // Untouched, it leaves without a question.
-  Event([&] { nExit_Click(window); });
+  Run(ComExit_Click);
   EXPECT_TRUE(window.Unloaded);
   EXPECT_TRUE(platform.Messages.empty());
 }
 
-TEST_F(File_Commands, NewOfAChangedFileAsksAsOpenDoes) {
+// The file on disk was replaced by a shorter one meanwhile: the save still writes all of it.
+TEST_F(File_Commands, SaveWritesTheWholeFileAndRenewsTheStatusBars) {
   const std::string path = Open_Changed();
-  Answer(msgbox::Cancel);
-  Event([&] { nNew_Click(window); });
-  Expect_Question(path);
-  EXPECT_EQ(window.SBar_2.SimpleText, path);
-  Answer(msgbox::Yes);
-  Event([&] { nNew_Click(window); });
-  EXPECT_EQ(Read_File(path), Changed_File());
-  EXPECT_EQ(window.SBar_3.SimpleText, "NEW.NPC");
-}
-
-TEST_F(File_Commands, SaveWritesTheFileAndRenewsTheStatusBars) {
-  const std::string path = Open_Changed();
+  folder.Write("075.npc", Bytes(100, 0x55));
   window.SBar_3.SimpleText = "stale";
-  Event([&] { nSave_Click(window); });
+  Run(nSave_Click);
   EXPECT_TRUE(platform.Messages.empty());
-  EXPECT_TRUE(platform.Dialogs.size() == 1u) << "no dialog for a file that exists";
-  EXPECT_EQ(Read_File(path), Changed_File());
+  EXPECT_EQ(platform.Dialogs.size(), 1u) << "no dialog for a file that exists";
+  EXPECT_EQ(Read_File(path), Changed());
   EXPECT_EQ(window.Saved_Image, window.HexImage);
-  EXPECT_EQ(window.SBar_2.SimpleText, path);
-  EXPECT_EQ(window.SBar_3.SimpleText, "075.NPC - " + Name_Of(75));
+  EXPECT_EQ(Bars(), "1600 bytes|" + path + "|075.NPC - " + Name_Of(75));
   EXPECT_EQ(window.Slider.Value, 3);
   EXPECT_EQ(window.L(1).Caption, "EE");
 }
 
-TEST_F(File_Commands, SaveOfABukaFileWritesABukaFile) {
-  const std::string path = folder.Write("b.npc", Buka_File());
-  Open(path);
-  Event([&] { nSave_Click(window); });
-  EXPECT_EQ(Read_File(path), Buka_File());
-  EXPECT_EQ(window.FileType, "ja");
-}
-
+// Even with a file of the placeholder's very name in the working folder, a new file is never
+// saved there: the dialog asks for a name.
 TEST_F(File_Commands, SaveOfANewFileAsksForAName) {
-  Event([&] { nNew_Click(window); });
-  Cancel_Dialog();
-  Event([&] { nSave_Click(window); });
-  EXPECT_EQ(window.SBar_2.SimpleText, "...\\new.npc");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.Path(""));
+  folder.Write(New_File_Path, Standard_File());
+  Run(nNew_Click);
+  Pick(std::nullopt);
+  Run(nSave_Click);
+  fs::current_path(before);
+  ASSERT_EQ(platform.Dialogs.size(), 1u);
+  EXPECT_EQ(Dialog_Line(platform.Dialogs[0]), kSaveAsDialog);
+  EXPECT_EQ(Read_File(folder.Path(New_File_Path)), Standard_File());
+  EXPECT_EQ(window.SBar_2.SimpleText, New_File_Path);
   EXPECT_EQ(window.Txt_Free.Text, "ERROR$");
 
   const std::string path = folder.Path("Новый файл.npc");
   Pick(path);
-  Event([&] { nSave_Click(window); });
+  Run(nSave_Click);
   EXPECT_EQ(Read_File(path), Bytes(1600, 0));
   EXPECT_EQ(window.SBar_2.SimpleText, path);
   EXPECT_EQ(window.SBar_3.SimpleText, "НОВЫЙ ФАЙЛ.NPC");
   EXPECT_TRUE(platform.Messages.empty());
-}
-
-TEST_F(File_Commands, ThePlaceholderPathNeverCountsAsAFile) {
-  // Even with a file of that very name in the working folder, a new file is never saved there.
-  const fs::path before = fs::current_path();
-  fs::current_path(folder.Path(""));
-  folder.Write("...\\new.npc", Standard_File());
-  Event([&] { nNew_Click(window); });
-  Cancel_Dialog();
-  Event([&] { nSave_Click(window); });
-  fs::current_path(before);
-  EXPECT_EQ(platform.Dialogs.size(), 1u);
-  EXPECT_TRUE(platform.Dialogs[0].Save);
-  EXPECT_EQ(Read_File(folder.Path("...\\new.npc")), Standard_File());
 }
 
 TEST_F(File_Commands, SaveOfAFileGoneFromDiskSaysSoThenAsksForAName) {
@@ -300,214 +265,89 @@ TEST_F(File_Commands, SaveOfAFileGoneFromDiskSaysSoThenAsksForAName) {
   fs::remove(path);
   const std::string again = folder.Path("again.npc");
   Pick(again);
-  Event([&] { nSave_Click(window); });
-  const Shown_Message& m = Only_Message();
-  EXPECT_EQ(m.Prompt, "Файл " + path + " не найден!\r\nВозможно он был удален или перемещен");
-  EXPECT_EQ(m.Style, 16);
-  EXPECT_EQ(m.Title, "ERROR");
-  EXPECT_EQ(Read_File(again), Changed_File());
+  Run(nSave_Click);
+  EXPECT_EQ(platform.Messages,
+            (Messages{{"Файл " + path + " не найден!\r\nВозможно он был удален или перемещен", 16, "ERROR"}}));
+  EXPECT_EQ(Read_File(again), Changed());
   EXPECT_EQ(window.SBar_2.SimpleText, again);
   EXPECT_FALSE(fs::exists(path));
 }
 
+// Over a longer file it leaves exactly 1600 bytes, and later saves go to the new name.
 TEST_F(File_Commands, SaveAsGoesOnWithTheNewName) {
   const std::string path = Open_Changed();
-  const std::string copy = folder.Path("100.npc");
+  const std::string copy = folder.Write("100.npc", Bytes(5000, 0x77));
   Pick(copy);
-  Event([&] { nSaveas_Click(window); });
-  EXPECT_EQ(Read_File(copy), Changed_File());
-  EXPECT_EQ(Read_File(path), Standard_File());
+  Run(nSaveas_Click);
+  EXPECT_EQ(Read_File(copy), Changed());
   EXPECT_EQ(window.SBar_2.SimpleText, copy);
   EXPECT_EQ(window.SBar_3.SimpleText, "100.NPC - " + Name_Of(100));
-  // A later plain save goes to the new name.
   window.L(2).Caption = "DD";
   Event([&] { Read_From_File(window); });
-  Event([&] { nSave_Click(window); });
+  Run(nSave_Click);
   EXPECT_EQ(Read_File(copy)[65], 0xDD);
   EXPECT_EQ(Read_File(path), Standard_File());
-  // Cancelled, it writes nothing.
-  Cancel_Dialog();
-  Event([&] { nSaveas_Click(window); });
+  Pick(std::nullopt);
+  Run(nSaveas_Click);
   EXPECT_EQ(window.Txt_Free.Text, "ERROR$");
   EXPECT_EQ(window.SBar_2.SimpleText, copy);
 }
 
-TEST_F(File_Commands, SavingOverALongerFileLeavesExactly1600Bytes) {
-  const std::string longer = folder.Write("long.npc", Bytes(5000, 0x77));
-  Open_Bytes("075.npc", Standard_File());
-  Pick(longer);
-  Event([&] { nSaveas_Click(window); });
-  EXPECT_EQ(Read_File(longer), Standard_File());
-}
+// A save that fails, half way through the bytes or refused outright: message 8, the program
+// ends, nothing runs after it, and every file on disk is as it was with nothing left beside them.
+Failing_Disk failing_disk;
 
-TEST_F(File_Commands, AFileReplacedByAShorterOneWhileOnShowIsSavedWhole) {
+struct Failure_Row {
+  const char* name;
+  bool half_way;
+  void (*command)(Vorlane&);
+  const char* target;  // picked in the save dialog, if one comes
+  std::size_t dialogs;  // the open dialog of the file first, then those of the command
+};
+
+class Failed_Save : public File_Commands, public ::testing::WithParamInterface<Failure_Row> {
+ protected:
+  Failed_Save() : File_Commands(GetParam().half_way ? static_cast<Files&>(failing_disk) : Disk()) {}
+};
+
+TEST_P(Failed_Save, EndsTheProgramAndLeavesTheOldFiles) {
+  const Failure_Row& row = GetParam();
   const std::string path = Open_Changed();
-  folder.Write("075.npc", Bytes(100, 0x55));
-  Event([&] { nSave_Click(window); });
-  EXPECT_TRUE(platform.Messages.empty());
-  EXPECT_EQ(Read_File(path), Changed_File());
-  EXPECT_EQ(window.Saved_Image, window.HexImage);
-}
-
-TEST_F(File_Commands, AFailedSaveEndsTheProgramAndLeavesTheOldFile) {
-  Open_Changed();
-  const std::string folder_target = folder.Path("a folder");
-  fs::create_directory(folder_target);
-  for (const std::string& target : {folder.Path("missing/x.npc"), folder_target}) {
-    SCOPED_TRACE(target);
-    window.Ended = false;
-    platform.Ended = false;
-    platform.Messages.clear();
-    Pick(target);
-    Event([&] { nSaveas_Click(window); });
-    const Shown_Message& m = Only_Message();
-    EXPECT_EQ(m.Prompt, "Ошибка во время сохранения файла");
-    EXPECT_EQ(m.Style, 16);
-    EXPECT_EQ(m.Title, "ERROR");
-    EXPECT_TRUE(platform.Ended);
-  }
-  EXPECT_TRUE(fs::is_directory(folder_target));
-  EXPECT_TRUE(fs::is_empty(folder_target));
-  EXPECT_EQ(Read_File(folder.Path("075.npc")), Standard_File());
-}
-
-// The disk gives out half way through the write: message 8, the program ends, and every file on
-// disk is as it was, with no half-written file left beside them.
-TEST(File_Save, AWriteThatFailsHalfWayLeavesTheOldFile) {
-  struct Row {
-    const char* name;
-    void (*act)(Vorlane&, Scripted_Platform&, const std::string& other);
-    std::size_t questions;
-    std::size_t dialogs;  // the open dialog of the file first, then those of the row
-  };
-  const Row rows[] = {
-      {"Save", [](Vorlane& w, Scripted_Platform&, const std::string&) { nSave_Click(w); }, 0, 1},
-      {"Save as over another file",
-       [](Vorlane& w, Scripted_Platform& p, const std::string& other) {
-         p.Picks.push_back(Dialog_Pick{other});
-         nSaveas_Click(w);
-       },
-       0, 2},
-      {"Yes when leaving",
-       [](Vorlane& w, Scripted_Platform& p, const std::string& other) {
-         p.Answers.push_back(msgbox::Yes);
-         p.Picks.push_back(Dialog_Pick{other});
-         nOpen_Click(w);
-       },
-       1, 1},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    Temp_Folder here;
-    Scripted_Platform p;
-    Failing_Disk disk;
-    Vorlane w(p, disk);
-    Form_Load(w);
-    const std::string path = here.Write("075.npc", Standard_File());
-    const std::string other = here.Write("other.npc", Buka_File());
-    p.Picks.push_back(Dialog_Pick{path});
-    Fire(w, [&] { nOpen_Click(w); });
-    Fire(w, [&] { Slider_Set_Value(w, 3); });
-    w.L(1).Caption = "EE";
-    Fire(w, [&] { Read_From_File(w); });
-    Fire(w, [&] { row.act(w, p, other); });
-    ASSERT_EQ(p.Messages.size(), row.questions + 1);
-    EXPECT_EQ(p.Messages.back().Prompt, "Ошибка во время сохранения файла");
-    EXPECT_EQ(p.Messages.back().Style, 16);
-    EXPECT_EQ(p.Messages.back().Title, "ERROR");
-    EXPECT_TRUE(p.Ended);
-    EXPECT_EQ(p.Dialogs.size(), row.dialogs) << "nothing runs after the failed save";
-    EXPECT_EQ(Read_File(path), Standard_File());
-    EXPECT_EQ(Read_File(other), Buka_File());
-    EXPECT_EQ(std::distance(fs::directory_iterator(here.Path("")), fs::directory_iterator()), 2);
-  }
-}
-
-TEST_F(File_Commands, ExitFollowsTheQuestion) {
-  struct Row {
-    const char* name;
-    int answer;
-    bool ends;
-    bool written;
-  };
-  for (const Row row : {Row{"Yes", msgbox::Yes, true, true}, Row{"No", msgbox::No, true, false},
-                        Row{"Cancel", msgbox::Cancel, false, false}}) {
-    SCOPED_TRACE(row.name);
-    Temp_Folder here;
-    Scripted_Platform p;
-    Vorlane w(p);
-    Form_Load(w);
-    const std::string path = here.Write("075.npc", Standard_File());
-    p.Picks.push_back(Dialog_Pick{path});
-    Fire(w, [&] { nOpen_Click(w); });
-    Fire(w, [&] { Slider_Set_Value(w, 3); });
-    w.L(1).Caption = "EE";
-    Fire(w, [&] { Read_From_File(w); });
-    p.Answers.push_back(row.answer);
-    bool closed = false;
-    Fire(w, [&] { closed = Unload_Main(w); });
-    EXPECT_EQ(closed, row.ends);
-    EXPECT_EQ(w.Unloaded, row.ends);
-    EXPECT_FALSE(p.Ended) << "leaving is no fatal end";
-    EXPECT_EQ(Read_File(path), row.written ? Changed_File() : Standard_File());
-  }
-}
-
-TEST_F(File_Commands, ExitWithoutChangesOrWithoutAFileAsksNothing) {
-  Event([&] { ComExit_Click(window); });
-  EXPECT_TRUE(window.Unloaded);
-  EXPECT_TRUE(platform.Messages.empty());
-}
-
-TEST_F(File_Commands, ExitWithAChangedNewFileAndACancelledSaveDialogStays) {
-  Event([&] { nNew_Click(window); });
-  Change_Record_3();
+  const std::string other = folder.Write("other.npc", Buka_File());
+  fs::create_directory(folder.Path("a folder"));
   Answer(msgbox::Yes);
-  Cancel_Dialog();
-  Event([&] { nExit_Click(window); });
-  Expect_Question("...\\new.npc");
-  EXPECT_FALSE(window.Unloaded);
-  EXPECT_EQ(window.Txt_Free.Text, "ERROR$");
+  Pick(folder.Path(row.target));
+  Run(row.command);
+  Messages expected = row.command == nOpen_Click ? Question(path) : Messages{};
+  expected.push_back({"Ошибка во время сохранения файла", 16, "ERROR"});
+  EXPECT_EQ(platform.Messages, expected);
+  EXPECT_TRUE(platform.Ended);
+  EXPECT_EQ(platform.Dialogs.size(), row.dialogs);
+  EXPECT_EQ(Read_File(path), Standard_File());
+  EXPECT_EQ(Read_File(other), Buka_File());
+  EXPECT_TRUE(fs::is_empty(folder.Path("a folder")));
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"075.npc", "a folder", "other.npc"}));
 }
 
-TEST_F(File_Commands, ExitWithAFileGoneFromDiskGivesTheDialogWithoutTheNotFoundMessage) {
-  const std::string path = Open_Changed();
-  fs::remove(path);
-  Answer(msgbox::Yes);
-  const std::string again = folder.Path("again.npc");
-  Pick(again);
-  Event([&] { nExit_Click(window); });
-  Expect_Question(path);
-  EXPECT_TRUE(window.Unloaded);
-  EXPECT_EQ(Read_File(again), Changed_File());
-}
+INSTANTIATE_TEST_SUITE_P(Roads, Failed_Save,
+                         ::testing::Values(Failure_Row{"Save", true, nSave_Click, "", 1},
+                                           Failure_Row{"SaveAsOverAnotherFile", true, nSaveas_Click, "other.npc", 2},
+                                           Failure_Row{"YesWhenLeaving", true, nOpen_Click, "other.npc", 1},
+                                           Failure_Row{"IntoAMissingFolder", false, nSaveas_Click, "missing/x.npc", 2},
+                                           Failure_Row{"OntoAFolder", false, nSaveas_Click, "a folder", 2}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(File_Commands, AChangeUndoneCountsAsUnchanged) {
-  Open_Changed();
-  window.L(1).Caption = "03";  // record 3 starts with byte 3
-  Event([&] { Read_From_File(window); });
-  Pick(other_path());
-  Event([&] { nOpen_Click(window); });
-  EXPECT_TRUE(platform.Messages.empty());
-  EXPECT_EQ(window.FileType, "ja");
-}
-
+// Characters 57 to 169 are named; row 169 exists and is empty, so " - " and nothing.
 TEST_F(File_Commands, CorrectBarNamesCharacters57To169) {
   const std::pair<std::string, std::string> cases[] = {
-      {"056.NPC", "056.NPC"},
-      {"057.NPC", "057.NPC - " + Name_Of(57)},
-      {"169.NPC", "169.NPC"},  // row 169 exists and is empty: " - " and nothing
-      {"170.NPC", "170.NPC"},
-      {"ABC.NPC", "ABC.NPC"},
-      {"NEW.NPC", "NEW.NPC"},
-      {"57..NPC", "57..NPC - " + Name_Of(57)},
-      {"", ""},
-      {"ЖЖЖ.NPC", "ЖЖЖ.NPC"},
+      {"056.NPC", "056.NPC"}, {"057.NPC", "057.NPC - " + Name_Of(57)}, {"169.NPC", "169.NPC - "},
+      {"170.NPC", "170.NPC"}, {"ABC.NPC", "ABC.NPC"},                   {"NEW.NPC", "NEW.NPC"},
+      {"57..NPC", "57..NPC - " + Name_Of(57)}, {"", ""},               {"ЖЖЖ.NPC", "ЖЖЖ.NPC"},
   };
   for (const auto& [bar, shown] : cases) {
     window.SBar_3.SimpleText = bar;
     CorrectBar(window);
-    EXPECT_EQ(window.SBar_3.SimpleText, bar == "169.NPC" ? "169.NPC - " : shown) << bar;
+    EXPECT_EQ(window.SBar_3.SimpleText, shown) << bar;
   }
 }
 
@@ -521,59 +361,51 @@ std::string Times(int count, const std::string& piece) {
 // The status bars, the character's name, the tool tip, the proposed speech file and the save all
 // take them whole.
 TEST_F(File_Commands, AnyNameWorksThroughout) {
-  const struct {
-    std::string name;
-    std::string bar;
-  } rows[] = {
+  const std::pair<std::string, std::string> rows[] = {
       {"Ёжик в тумане.npc", "ЁЖИК В ТУМАНЕ.NPC"},
       {"075 my file.npc", "075 MY FILE.NPC - " + Name_Of(75)},
       {" 75 x.npc", " 75 X.NPC - " + Name_Of(75)},  // blanks around a number still make one
       {"075" + Times(124, "ж") + ".npc", "075" + Times(124, "Ж") + ".NPC - " + Name_Of(75)},
       {std::string(251, 'x') + ".npc", std::string(251, 'X') + ".NPC"},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    ASSERT_LE(row.name.size(), 255u);
-    platform.Messages.clear();
-    const std::string path = folder.Write(row.name, Standard_File());
+  for (const auto& [name, bar] : rows) {
+    SCOPED_TRACE(name);
+    ASSERT_LE(name.size(), 255u);
+    const std::string path = folder.Write(name, Standard_File());
     Open(path);
     EXPECT_EQ(window.SBar_2.SimpleText, path);
-    EXPECT_EQ(window.SBar_3.SimpleText, row.bar);
+    EXPECT_EQ(window.SBar_3.SimpleText, bar);
     Event([&] { SBar_3_MouseMove(window); });
-    EXPECT_EQ(window.SBar_3.ToolTipText, text::Length(row.bar) >= 27 ? row.bar : "");
-
-    Cancel_Dialog();
+    EXPECT_EQ(window.SBar_3.ToolTipText, text::Length(bar) >= 27 ? bar : "");
+    Pick(std::nullopt);
     Event([&] { Check_Set_Value(window, 1); });
-    EXPECT_EQ(platform.Dialogs.back().Settings.FileName, row.name.substr(0, row.name.size() - 4) + ".edt");
-
+    EXPECT_EQ(platform.Dialogs.back().Settings.FileName, name.substr(0, name.size() - 4) + ".edt");
     Change_Record_3();
-    Event([&] { nSave_Click(window); });
+    Run(nSave_Click);
     EXPECT_TRUE(platform.Messages.empty());
-    EXPECT_EQ(Read_File(path), Changed_File());
-    EXPECT_EQ(window.SBar_3.SimpleText, row.bar);
+    EXPECT_EQ(Read_File(path), Changed());
+    EXPECT_EQ(window.SBar_3.SimpleText, bar);
   }
 }
 
 // A disk whose file vanishes between the size test and the read.
 class Vanishing_Files : public Disk_Files {
  public:
-  std::vector<std::uint8_t> Read(const std::string& path, std::int64_t, std::size_t) override {
-    std::filesystem::remove(path);
+  Bytes Read(const std::string& path, std::int64_t, std::size_t) override {
+    fs::remove(path);
     throw Run_Time_Error("gone");
   }
+} vanishing_files;
+
+class Unreadable_File : public File_Commands {
+ protected:
+  Unreadable_File() : File_Commands(vanishing_files) {}
 };
 
-TEST(File_Open, AFileThatCannotBeReadLeavesTheFileOnShowAsItWas) {
-  Temp_Folder folder;
-  Scripted_Platform platform;
-  Vanishing_Files files;
-  Vorlane window(platform, files);
-  Form_Load(window);
-  platform.Picks.push_back(Dialog_Pick{folder.Write("a.npc", Standard_File())});
-  Fire(window, [&] { nOpen_Click(window); });
+TEST_F(Unreadable_File, LeavesTheWindowAsItWas) {
+  Open_Bytes("a.npc", Standard_File());
   EXPECT_TRUE(platform.Messages.empty());
-  EXPECT_EQ(window.SBar_1.SimpleText, "");
-  EXPECT_EQ(window.SBar_2.SimpleText, "");
+  EXPECT_EQ(Bars(), "||");
   EXPECT_EQ(window.HexImage, "");
   EXPECT_FALSE(window.nSave.Enabled);
 }

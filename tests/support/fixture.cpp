@@ -1,5 +1,6 @@
 #include "support/fixture.h"
 
+#include <algorithm>
 #include <fstream>
 #include <random>
 
@@ -26,6 +27,13 @@ std::string Temp_Folder::Write(const std::string& name, const Bytes& bytes) cons
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   return path;
+}
+
+std::vector<std::string> Temp_Folder::Names() const {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(root_)) names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 Bytes Read_File(const std::string& path) {
@@ -79,7 +87,17 @@ void Set_Cells(Vorlane& vForm, const std::string& hex) {
   for (int n = 1; n <= 32; ++n) vForm.L(n).Caption = hex.substr(2 * static_cast<std::size_t>(n - 1), 2);
 }
 
-Window_Test::Window_Test() {
+std::ostream& operator<<(std::ostream& out, const Shown_Message& m) {
+  return out << '{' << m.Prompt << ", " << m.Style << ", " << m.Title << '}';
+}
+
+std::string Dialog_Line(const Shown_Dialog& d) {
+  const Common_Dialog& s = d.Settings;
+  return std::string(d.Save ? "save|" : "open|") + std::to_string(s.Flags) + '|' + s.FileName + '|' + s.Filter + '|' +
+         std::to_string(s.FilterIndex) + '|' + s.DialogTitle;
+}
+
+Window_Test::Window_Test(Files& files) : window(platform, files) {
   window.Width = 9000;
   window.Height = 7000;
   Form_Load(window);

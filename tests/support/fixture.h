@@ -24,6 +24,8 @@ class Temp_Folder {
 
   std::string Path(const std::string& name) const { return (root_ / name).string(); }
   std::string Write(const std::string& name, const Bytes& bytes) const;
+  // The names of the entries in the folder, sorted.
+  std::vector<std::string> Names() const;
 
  private:
   std::filesystem::path root_;
@@ -52,10 +54,18 @@ std::string Cells_Text(const Vorlane& vForm);
 // Sets the captions of the byte cells from hex text ("0A0B..."), 64 characters.
 void Set_Cells(Vorlane& vForm, const std::string& hex);
 
+// Messages compare and print whole: prompt, style, title.
+inline bool operator==(const Shown_Message& a, const Shown_Message& b) {
+  return a.Prompt == b.Prompt && a.Style == b.Style && a.Title == b.Title;
+}
+std::ostream& operator<<(std::ostream& out, const Shown_Message& m);
+// A file dialog's kind and settings in one line: "open|4100|<FileName>|<Filter>|1|<title>".
+std::string Dialog_Line(const Shown_Dialog& dialog);
+
 // A main window after its start-up, on a scripted platform.
 class Window_Test : public ::testing::Test {
  protected:
-  Window_Test();
+  explicit Window_Test(Files& files = Disk());
 
   // Opens a file through File > Open, as the user would pick it.
   void Open(const std::string& path);
@@ -67,7 +77,7 @@ class Window_Test : public ::testing::Test {
 
   Temp_Folder folder;
   Scripted_Platform platform;
-  Vorlane window{platform};
+  Vorlane window;
 };
 
 #include "ui/events.h"

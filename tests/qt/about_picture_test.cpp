@@ -1,0 +1,130 @@
+// The About picture and the GIF writer behind it, read back with Qt's own GIF reader.
+#include <QImage>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+
+#include "ui/about.h"
+#include "ui/gif.h"
+
+namespace {
+
+QImage Read(const std::vector<std::uint8_t>& file) {
+  const QByteArray bytes(reinterpret_cast<const char*>(file.data()), static_cast<qsizetype>(file.size()));
+  return QImage::fromData(bytes, "GIF").convertToFormat(QImage::Format_RGB32);
+}
+
+// What the writer was given, drawn by Qt.
+QImage Expected(int width, const std::vector<gif::Colour>& palette, const std::vector<std::uint8_t>& pixels) {
+  QImage image(width, static_cast<int>(pixels.size()) / width, QImage::Format_Indexed8);
+  for (const gif::Colour& c : palette) image.setColorTable(image.colorTable() << qRgb(c.R, c.G, c.B));
+  for (int y = 0; y < image.height(); ++y) std::copy_n(pixels.begin() + y * width, width, image.scanLine(y));
+  return image.convertToFormat(QImage::Format_RGB32);
+}
+
+bool Is_Red(QRgb c) { return qRed(c) >= 0xC0 && qGreen(c) < 0x40 && qBlue(c) < 0x40; }
+constexpr QRgb White = 0xFFFFFFFF, Black = 0xFF000000;
+
+// The window's ellipse (30, 20) - (360, 345) seen from the picture, which lies at (24, 8).
+constexpr double Centre_X = (30 + 360) / 2.0 - 24, Centre_Y = (20 + 345) / 2.0 - 8;
+constexpr double Semi_X = (360 - 30) / 2.0, Semi_Y = (345 - 20) / 2.0;
+
+}  // namespace
+
+class About_Picture_Test : public QObject {
+  Q_OBJECT
+  const QImage picture_ = Read(About_Picture());
+
+  QRgb At(double radius, double degrees) const {
+    const double a = degrees * std::acos(-1.0) / 180;
+    return picture_.pixel(static_cast<int>(std::floor(Centre_X + radius * std::cos(a))),
+                          static_cast<int>(std::floor(Centre_Y + radius * std::sin(a))));
+  }
+  bool Red_At(double radius, double degrees) const { return Is_Red(At(radius, degrees)); }
+
+ private slots:
+  void is_an_8_colour_gif_of_341_by_343_in_6380_bytes() {
+    const auto& file = About_Picture();
+    QCOMPARE(file.size(), std::size_t{6380});
+    QCOMPARE(file[10] & 0x87, 0x82);  // a global table of 8 colours
+    QCOMPARE(int(file.back()), 0x3B);
+    QCOMPARE(picture_.size(), QSize(341, 343));
+    QCOMPARE(&About_Picture(), &file);  // built once
+  }
+
+  // White outside the window's ellipse; inside it a red ring, and a red bar from top left to
+  // bottom right across a figure of black strokes.
+  void shows_a_red_sign_over_a_black_figure() {
+    int black = 0, top = picture_.height(), bottom = 0, left = picture_.width(), right = 0;
+    for (int y = 0; y < picture_.height(); ++y)
+      for (int x = 0; x < picture_.width(); ++x) {
+        const QRgb c = picture_.pixel(x, y);
+        const double dx = (x + 0.5 - Centre_X) / Semi_X, dy = (y + 0.5 - Centre_Y) / Semi_Y;
+        QVERIFY2(dx * dx + dy * dy < 0.97 ? c == White || c == Black || Is_Red(c) : c == White,
+                 qPrintable(QString("%1,%2").arg(x).arg(y)));
+        if (c != Black) continue;
+        ++black, top = std::min(top, y), bottom = y, left = std::min(left, x), right = std::max(right, x);
+      }
+    double inner = 0, outer = 0;  // the ring on the ray to the right, clear of the bar
+    for (double r = 40; r < Semi_X && outer == 0; r += 0.5)
+      if (Red_At(r, 0) != (inner != 0)) (inner == 0 ? inner : outer) = r;
+    QVERIFY(inner > 60 && outer - inner > 10 && outer < std::min(Semi_X, Semi_Y) - 3);
+    for (int degrees = 0; degrees < 360; degrees += 5)
+      QVERIFY2(Red_At((inner + outer) / 2, degrees) && At(outer + 6, degrees) == White,
+               qPrintable(QString::number(degrees)));
+    for (double r = 0; r < 100; r += 4)
+      QVERIFY(Red_At(r, 45) && Red_At(r, 225) && (r < 30 || (!Red_At(r, 135) && !Red_At(r, 315))));
+    QVERIFY(black > 1000);
+    QVERIFY(black < (bottom - top + 1) * (right - left + 1) / 4);  // strokes, not a filled shape
+    QVERIFY(bottom - top > std::max(120, right - left));
+    QVERIFY(std::abs((top + bottom) / 2.0 - Centre_Y) < 30 && std::abs((left + right) / 2.0 - Centre_X) < 10);
+  }
+
+  // Noise fills the code table many times over, one colour never grows it, stripes lie between.
+  void the_writer_round_trips_every_palette_depth() {
+    std::uint32_t seed = 12345;
+    for (int depth = 1; depth <= 8; ++depth) {
+      std::vector<gif::Colour> palette;
+      for (int i = 0; i < (1 << depth); ++i)
+        palette.push_back({std::uint8_t(i), std::uint8_t(255 - i), std::uint8_t(i * 7)});
+      for (const int kind : {0, 1, 2}) {
+        const int width = 297 + depth;
+        std::vector<std::uint8_t> pixels;
+        for (int i = 0; i < width * 201; ++i) {
+          const unsigned noise = (seed = seed * 1103515245u + 12345u) >> 16;
+          const unsigned pixel = kind == 0 ? noise : kind == 1 ? palette.size() - 1 : i / 5 + noise % 2;
+          pixels.push_back(std::uint8_t(pixel % palette.size()));
+        }
+        const auto file = gif::Encode(width, 201, palette, pixels);
+        QCOMPARE(file[10] & 7, depth - 1);
+        QVERIFY2(Read(file) == Expected(width, palette, pixels),
+                 qPrintable(QString("depth %1, kind %2").arg(depth).arg(kind)));
+      }
+    }
+  }
+
+  // A comment block before the trailer fills any gap but one of 1, 2 or 4 bytes.
+  void the_writer_pads_to_an_exact_length() {
+    const std::vector<gif::Colour> palette{{0, 0, 0}, {255, 255, 255}};
+    const std::vector<std::uint8_t> pixels(20 * 10, 1), plain = gif::Encode(20, 10, palette, pixels);
+    for (std::size_t missing = 1; missing <= 800; ++missing) {
+      std::vector<std::uint8_t> file = plain;
+      const bool possible = missing != 1 && missing != 2 && missing != 4;
+      QCOMPARE(gif::Pad_To(file, plain.size() + missing), possible);
+      if (!possible) continue;
+      QCOMPARE(file.size(), plain.size() + missing);
+      std::size_t p = plain.size() - 1;
+      QVERIFY(file[p] == 0x21 && file[p + 1] == 0xFE);
+      for (p += 2; p < file.size() && file[p] != 0; p += file[p] + 1u) {}
+      QVERIFY(p + 2 == file.size() && file.back() == 0x3B);
+      QCOMPARE(Read(file), Expected(20, palette, pixels));
+    }
+    std::vector<std::uint8_t> file = plain;
+    QVERIFY(gif::Pad_To(file, plain.size()) && file == plain);
+    QVERIFY(!gif::Pad_To(file, plain.size() - 1) && file == plain);
+  }
+};
+
+QTEST_MAIN(About_Picture_Test)
+#include "about_picture_test.moc"
