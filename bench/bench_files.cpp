@@ -1,10 +1,6 @@
 #include "bench_files.h"
 
-#include <unistd.h>
-
-#include <fstream>
-
-namespace fs = std::filesystem;
+#include "edt_text.h"
 
 Bytes Typical_Record(int k) {
   const auto byte = [](int value) { return static_cast<std::uint8_t>(value & 0xFF); };
@@ -41,59 +37,13 @@ Bytes Typical_File() {
   return file;
 }
 
-namespace {
-
-// UTF-8 Latin and Cyrillic to Windows-1251 codes.
-std::vector<unsigned> Cp1251(const std::string& utf8) {
-  std::vector<unsigned> codes;
-  for (std::size_t i = 0; i < utf8.size();) {
-    const auto c = static_cast<unsigned char>(utf8[i]);
-    if (c < 0x80) {
-      codes.push_back(c);
-      ++i;
-    } else {
-      const unsigned point = ((c & 0x1Fu) << 6) | (static_cast<unsigned char>(utf8[i + 1]) & 0x3Fu);
-      codes.push_back(point - 0x410 + 0xC0);  // А .. я
-      i += 2;
-    }
-  }
-  return codes;
-}
-
-}  // namespace
 
 Bytes Speech_File() {
   const std::string sentence =
       "Привет, наемник. Я давно тебя жду: в городе неспокойно, и мне нужна помощь. "
       "Принеси мне ключ от склада, и я расскажу, где прячется королева.";
-  const std::vector<unsigned> codes = Cp1251(sentence);
-  constexpr std::size_t entry = 480;
-  Bytes file(entry * 60, 0);
-  for (std::size_t n = 0; n < 60; ++n) {
-    std::size_t p = n * entry;
-    // Each character is its code plus 1 in the low byte of a little-endian word.
-    for (const unsigned code : codes) {
-      const unsigned stored = code + 1;
-      file[p++] = static_cast<std::uint8_t>(stored & 0xFF);
-      file[p++] = static_cast<std::uint8_t>(stored >> 8);
-    }
-  }
+  const Bytes entry = Edt_Entry(sentence, 480);
+  Bytes file;
+  for (int n = 0; n < 60; ++n) file.insert(file.end(), entry.begin(), entry.end());
   return file;
-}
-
-Bench_Folder::Bench_Folder() {
-  root_ = fs::temp_directory_path() / ("vorlane-bench-" + std::to_string(::getpid()));
-  fs::create_directories(root_);
-}
-
-Bench_Folder::~Bench_Folder() {
-  std::error_code ec;
-  fs::remove_all(root_, ec);
-}
-
-std::string Bench_Folder::Write(const std::string& name, const Bytes& bytes) const {
-  const std::string path = Path(name);
-  std::ofstream(path, std::ios::binary | std::ios::trunc)
-      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  return path;
 }

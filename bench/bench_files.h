@@ -2,12 +2,7 @@
 // speech file with a message for each of them, in a temporary folder of their own.
 #pragma once
 
-#include <cstdint>
-#include <filesystem>
-#include <string>
-#include <vector>
-
-using Bytes = std::vector<std::uint8_t>;
+#include "support/temp_folder.h"
 
 // A record as the games' files hold them: conditions on an item, a trigger and a quest, a
 // message, a quest given, control passed on, a trigger set and an item handed over, most of them
@@ -18,17 +13,3 @@ Bytes Typical_File();
 // A speech file of the first kind (480-byte entries) with a sentence of about 150 letters for
 // messages 0 .. 59.
 Bytes Speech_File();
-
-class Bench_Folder {
- public:
-  Bench_Folder();
-  ~Bench_Folder();
-  Bench_Folder(const Bench_Folder&) = delete;
-  Bench_Folder& operator=(const Bench_Folder&) = delete;
-
-  std::string Path(const std::string& name) const { return (root_ / name).string(); }
-  std::string Write(const std::string& name, const Bytes& bytes) const;
-
- private:
-  std::filesystem::path root_;
-};

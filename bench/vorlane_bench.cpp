@@ -46,11 +46,12 @@ namespace {
 
 constexpr double Microseconds = 1e-6;
 constexpr double Milliseconds = 1e-3;
+constexpr double No_Budget = 0;
 
 // --- The files ------------------------------------------------------------------------------
 
 struct Files_On_Disk {
-  Bench_Folder folder;
+  Temp_Folder folder;
   std::string npc = folder.Write("077.npc", Typical_File());
   std::string edt = folder.Write("077.edt", Speech_File());
   std::string save = folder.Write("save.npc", Typical_File());
@@ -150,7 +151,7 @@ struct Qt_Window {
 
 struct Row {
   std::string name;
-  double budget;  // seconds
+  double budget;  // seconds; No_Budget for a figure that is only shown
 };
 
 std::vector<Row>& Rows() {
@@ -319,7 +320,7 @@ void Register_Files() {
     Expect(state, w.window.Txt_Free.Text == "OK$" && std::filesystem::file_size(Files().save) == 1600, "not saved");
   });
   // Standard to Buka: the file is read, the mark put in front, the result written.
-  Add("type conversion/logic", 1 * Milliseconds, [](benchmark::State& state) {
+  Add("type conversion/logic", No_Budget, [](benchmark::State& state) {
     Logic_Window w;
     for (auto _ : state) {
       w.platform.Picks.push_back({Files().convert});
@@ -423,11 +424,13 @@ int Print_Table(const Table_Reporter& reporter) {
       ++misses;
     } else {
       median = Time_Text(figure.seconds);
-      verdict = figure.seconds <= row.budget ? "PASS" : "MISS";
-      if (figure.seconds > row.budget) ++misses;
+      const bool missed = row.budget != No_Budget && figure.seconds > row.budget;
+      verdict = row.budget == No_Budget ? "" : missed ? "MISS" : "PASS";
+      if (missed) ++misses;
     }
+    const std::string budget = row.budget == No_Budget ? "none" : Time_Text(row.budget);
     std::printf("%-*s  %12s  %10s  %s\n", static_cast<int>(width), row.name.c_str(), median.c_str(),
-                Time_Text(row.budget).c_str(), verdict.c_str());
+                budget.c_str(), verdict.c_str());
   }
   return misses;
 }

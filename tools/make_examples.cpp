@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "fields/field_map.h"
-#include "speech/speech.h"
+#include "edt_text.h"
 
 namespace {
 
@@ -121,27 +121,11 @@ Bytes Buka_File(const Bytes& standard) {
   return file;
 }
 
-// Two bytes a character, low byte first: the Windows-1251 code plus one ("я" becomes 00 01),
-// a blank as 20 00. Each message fills one entry, closed by zero bytes.
+// Each message fills one entry.
 Bytes Speech_File() {
   Bytes file;
   for (std::string_view text : Messages) {
-    Bytes entry;
-    for (std::size_t at = 0; at < text.size();) {
-      if (text[at] == ' ') {
-        entry.insert(entry.end(), {0x20, 0x00});
-        ++at;
-        continue;
-      }
-      int code = 1;
-      while (code < 256 && !text.substr(at).starts_with(cp1251::Character(static_cast<unsigned char>(code)))) ++code;
-      if (code == 256) throw std::invalid_argument("no Windows-1251 character at: " + std::string(text.substr(at)));
-      entry.push_back(static_cast<std::uint8_t>((code + 1) & 0xFF));
-      entry.push_back(static_cast<std::uint8_t>((code + 1) >> 8));
-      at += cp1251::Character(static_cast<unsigned char>(code)).size();
-    }
-    if (entry.size() + 2 > Entry_Size) throw std::invalid_argument("message too long: " + std::string(text));
-    entry.resize(Entry_Size, 0);
+    const Bytes entry = Edt_Entry(text, Entry_Size);
     file.insert(file.end(), entry.begin(), entry.end());
   }
   return file;

@@ -10,28 +10,9 @@
 #include <vector>
 
 #include "support/scripted_platform.h"
+#include "support/temp_folder.h"
 #include "ui/vorlane.h"
 
-using Bytes = std::vector<std::uint8_t>;
-
-// A folder of its own for each test, removed afterwards.
-class Temp_Folder {
- public:
-  Temp_Folder();
-  ~Temp_Folder();
-  Temp_Folder(const Temp_Folder&) = delete;
-  Temp_Folder& operator=(const Temp_Folder&) = delete;
-
-  std::string Path(const std::string& name) const { return (root_ / name).string(); }
-  std::string Write(const std::string& name, const Bytes& bytes) const;
-  // The names of the entries in the folder, sorted.
-  std::vector<std::string> Names() const;
-
- private:
-  std::filesystem::path root_;
-};
-
-Bytes Read_File(const std::string& path);
 
 // A standard file whose record k (1 .. 50) holds the bytes k, k+1, .. k+31 (mod 256): every
 // byte tells its record and position.
