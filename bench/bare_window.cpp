@@ -11,7 +11,8 @@ int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Bare");
   QMainWindow window;
-  for (const char* title : {"&File", "&View", "&Tools", "&Record", "&About"}) window.menuBar()->addMenu(title)->addAction("Item");
+  for (const char* title : {"&File", "&View", "&Tools", "&Record", "&About"})
+    window.menuBar()->addMenu(title)->addAction("Item");
   auto* row = new QWidget(&window);
   auto* labels = new QHBoxLayout(row);
   for (int n = 1; n <= 32; ++n) labels->addWidget(new QLabel("00", row));

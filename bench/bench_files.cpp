@@ -8,23 +8,38 @@ Bytes Typical_Record(int k) {
   const int given = (11 * k + 40) % 351;
   const int reactions[] = {0, 4, 23, 24};
   return {
-      0x02, 0x00,                             // fires once
-      byte(held), byte(held >> 8),            // the NPC must hold this item
-      byte(3 * k), 0x00,                      // this trigger must be TRUE
-      0xFF, 0xFF,                             // no FALSE trigger
-      byte(k % 30),                           // a quest the player has
-      0x00, 0xFF,                             // any day
-      0x06,                                   // the player hands over an item
-      byte(k % 3 * 10),                       // least leadership
-      byte(k), 0x01,                          // message k, one message
-      byte((k + 7) % 30), 0xFF,               // gives a quest, takes none
-      byte(57 + k), byte(k - 1),              // control to another NPC and record
+      0x02,
+      0x00,  // fires once
+      byte(held),
+      byte(held >> 8),  // the NPC must hold this item
+      byte(3 * k),
+      0x00,  // this trigger must be TRUE
+      0xFF,
+      0xFF,          // no FALSE trigger
+      byte(k % 30),  // a quest the player has
       0x00,
-      byte(3 * k + 1), 0x00,                  // sets a trigger
-      byte(given), byte(given >> 8),          // hands over an item
-      0xFF, 0xFF,                             // no move
-      byte(reactions[k % 4]), 0x00,           // the NPC's reaction
-      0x00, 0x00, 0x00, 0x00,
+      0xFF,              // any day
+      0x06,              // the player hands over an item
+      byte(k % 3 * 10),  // least leadership
+      byte(k),
+      0x01,  // message k, one message
+      byte((k + 7) % 30),
+      0xFF,  // gives a quest, takes none
+      byte(57 + k),
+      byte(k - 1),  // control to another NPC and record
+      0x00,
+      byte(3 * k + 1),
+      0x00,  // sets a trigger
+      byte(given),
+      byte(given >> 8),  // hands over an item
+      0xFF,
+      0xFF,  // no move
+      byte(reactions[k % 4]),
+      0x00,  // the NPC's reaction
+      0x00,
+      0x00,
+      0x00,
+      0x00,
   };
 }
 
@@ -36,7 +51,6 @@ Bytes Typical_File() {
   }
   return file;
 }
-
 
 Bytes Speech_File() {
   const std::string sentence =

@@ -137,8 +137,8 @@ int main(int argc, char** argv) {
       return 2;
     vorlane_runs.push_back(v);
     bare_runs.push_back(b);
-    std::printf("%-4d  %11.1f %11.1f  %11.1f %11.1f  %11.1f %11.1f\n", i + 1, v.shown_ms, b.shown_ms, v.cpu_ms, b.cpu_ms,
-                v.rss_mb, b.rss_mb);
+    std::printf("%-4d  %11.1f %11.1f  %11.1f %11.1f  %11.1f %11.1f\n", i + 1, v.shown_ms, b.shown_ms, v.cpu_ms,
+                b.cpu_ms, v.rss_mb, b.rss_mb);
   }
   const auto median_of = [](const std::vector<Sample>& samples, double Sample::*field) {
     std::vector<double> values;

@@ -285,7 +285,7 @@ void Register_Lists() {
     std::size_t lines;
   };
   static constexpr List_Command commands[] = {
-      {"Input codes", nKey_1_Click, 10}, {"Action codes", nKey_2_Click, 8}, {"NPC names", nNPC_Names_Click, 170},
+      {"Input codes", nKey_1_Click, 10},  {"Action codes", nKey_2_Click, 8},   {"NPC names", nNPC_Names_Click, 170},
       {"Quests(give)", nQests_Click, 30}, {"Quests(take)", nQuests_Click, 30}, {"Items", nItem_Click, 351},
       {"Trigers", nTrigers_Click, 500},
   };
@@ -327,8 +327,7 @@ void Register_Files() {
       w.platform.Picks.push_back({Files().converted, 1});
       w.Event([&] { nChaing_Click(w.window); });
     }
-    Expect(state, w.platform.Picks.empty() && std::filesystem::file_size(Files().converted) == 1600,
-           "not converted");
+    Expect(state, w.platform.Picks.empty() && std::filesystem::file_size(Files().converted) == 1600, "not converted");
   });
 }
 
@@ -429,8 +428,8 @@ int Print_Table(const Table_Reporter& reporter) {
       if (missed) ++misses;
     }
     const std::string budget = row.budget == No_Budget ? "none" : Time_Text(row.budget);
-    std::printf("%-*s  %12s  %10s  %s\n", static_cast<int>(width), row.name.c_str(), median.c_str(),
-                budget.c_str(), verdict.c_str());
+    std::printf("%-*s  %12s  %10s  %s\n", static_cast<int>(width), row.name.c_str(), median.c_str(), budget.c_str(),
+                verdict.c_str());
   }
   return misses;
 }

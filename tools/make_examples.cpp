@@ -15,8 +15,8 @@
 #include <utility>
 #include <vector>
 
-#include "fields/field_map.h"
 #include "edt_text.h"
+#include "fields/field_map.h"
 
 namespace {
 
@@ -25,8 +25,8 @@ using Values = std::vector<std::pair<std::string_view, std::uint32_t>>;
 
 // A record that asks for nothing and does nothing beyond answering: every "not in use" value.
 const Values Quiet = {
-    {"Trigger_True", 0xFFFF}, {"Trigger_False", 0xFFFF}, {"Quest_Needed", 0xFF}, {"Last_Day", 0xFF},
-    {"Message_Number", 0xFF}, {"Message_Count", 1},      {"Quest_Give", 0xFF},   {"Quest_Take", 0xFF},
+    {"Trigger_True", 0xFFFF}, {"Trigger_False", 0xFFFF}, {"Quest_Needed", 0xFF},  {"Last_Day", 0xFF},
+    {"Message_Number", 0xFF}, {"Message_Count", 1},      {"Quest_Give", 0xFF},    {"Quest_Take", 0xFF},
     {"Goto_Npc", 0xFF},       {"Goto_Record", 0xFF},     {"Trigger_Set", 0xFFFF}, {"Move_Target", 0xFFFF},
 };
 
@@ -38,16 +38,30 @@ const std::vector<Values> Records = {
     {{"Input_Code", 1}, {"Message_Number", 0}, {"Trigger_Set", 102}},
     // 2: once in the game, after that talk and unless the player has wounded her, she gives
     // quest 2 in three messages; only to a leader of 40 and more.
-    {{"Fire_Mode", 2}, {"Trigger_True", 102}, {"Trigger_False", 48}, {"Input_Code", 2}, {"Min_Leadership", 40},
-     {"Message_Number", 1}, {"Message_Count", 3}, {"Quest_Give", 2}},
+    {{"Fire_Mode", 2},
+     {"Trigger_True", 102},
+     {"Trigger_False", 48},
+     {"Input_Code", 2},
+     {"Min_Leadership", 40},
+     {"Message_Number", 1},
+     {"Message_Count", 3},
+     {"Quest_Give", 2}},
     // 3: with quest 2 received, she takes it as done and hands over item 25.
-    {{"Fire_Mode", 2}, {"Quest_Needed", 2}, {"Input_Code", 1}, {"Message_Number", 4}, {"Quest_Take", 2},
+    {{"Fire_Mode", 2},
+     {"Quest_Needed", 2},
+     {"Input_Code", 1},
+     {"Message_Number", 4},
+     {"Quest_Take", 2},
      {"Given_Item", 25}},
     // 4: given item 215, she gives it back.
     {{"Held_Item", 215}, {"Input_Code", 6}, {"Message_Number", 5}, {"Reaction_Code", 1}},
     // 5: wounded (trigger 47), from day 3 to day 10, five messages; on a repeat the standard
     // records answer.
-    {{"Fire_Mode", 4}, {"Trigger_True", 47}, {"First_Day", 3}, {"Last_Day", 10}, {"Message_Number", 6},
+    {{"Fire_Mode", 4},
+     {"Trigger_True", 47},
+     {"First_Day", 3},
+     {"Last_Day", 10},
+     {"Message_Number", 6},
      {"Message_Count", 5}},
     // 6: threatened, she passes control to record 8 (7 counted from 0) of character 86.
     {{"Input_Code", 3}, {"Message_Number", 11}, {"Goto_Npc", 86}, {"Goto_Record", 7}},
@@ -56,35 +70,34 @@ const std::vector<Values> Records = {
     // 8: hostile after the player has wounded her, she says nothing and fights.
     {{"Trigger_True", 48}, {"Input_Code", 13}, {"Reaction_Code", 21}},
     // 9: the player wants to hire her: she joins for money, and only a leader of 60 and more.
-    {{"Trigger_False", 48}, {"Input_Code", 4}, {"Min_Leadership", 60}, {"Message_Number", 13},
-     {"Reaction_Code", 23}},
+    {{"Trigger_False", 48}, {"Input_Code", 4}, {"Min_Leadership", 60}, {"Message_Number", 13}, {"Reaction_Code", 23}},
     // 10: all zero.
     {},
     // 11: every field past what it may hold.
-    {{"Fire_Mode", 6}, {"Held_Item", 400}, {"Trigger_True", 600}, {"Quest_Needed", 30}, {"First_Day", 0xFF},
-     {"Last_Day", 0}, {"Input_Code", 5}, {"Min_Leadership", 101}, {"Message_Number", 14}, {"Message_Count", 0},
-     {"Quest_Give", 30}, {"Quest_Take", 30}, {"Goto_Npc", 170}, {"Goto_Record", 50}, {"Unknown_Byte", 1},
-     {"Trigger_Set", 500}, {"Given_Item", 351}, {"Move_Target", 0xFF00}, {"Reaction_Code", 65535},
-     {"Unknown_Bytes", 0x04030201}},
+    {{"Fire_Mode", 6},       {"Held_Item", 400},      {"Trigger_True", 600},    {"Quest_Needed", 30},
+     {"First_Day", 0xFF},    {"Last_Day", 0},         {"Input_Code", 5},        {"Min_Leadership", 101},
+     {"Message_Number", 14}, {"Message_Count", 0},    {"Quest_Give", 30},       {"Quest_Take", 30},
+     {"Goto_Npc", 170},      {"Goto_Record", 50},     {"Unknown_Byte", 1},      {"Trigger_Set", 500},
+     {"Given_Item", 351},    {"Move_Target", 0xFF00}, {"Reaction_Code", 65535}, {"Unknown_Bytes", 0x04030201}},
 };
 
 // The messages of the speech file, numbered from 0 as byte 14 names them.
 const std::vector<std::string_view> Messages = {
     "Добрый день. Вы здесь по делу или просто так?",  // 0
-    "Я охочусь за головами.",                          // 1 .. 3
+    "Я охочусь за головами.",                         // 1 .. 3
     "В округе прячутся шестеро опасных людей.",
     "За каждого заплачу наличными.",
-    "Все пойманы? Отличная работа, держите.",          // 4
-    "Металлоискатель? Мне он ни к чему, заберите.",    // 5
-    "Меня задели в перестрелке.",                      // 6 .. 10
+    "Все пойманы? Отличная работа, держите.",        // 4
+    "Металлоискатель? Мне он ни к чему, заберите.",  // 5
+    "Меня задели в перестрелке.",                    // 6 .. 10
     "Рана пустяковая, но болит.",
     "Врача здесь не найти.",
     "Если есть аптечка, поделитесь.",
     "Ладно, не будем об этом.",
-    "Угрожаете? Поговорите лучше с Боссом.",           // 11
-    "Подождите здесь, я скоро вернусь.",               // 12
-    "Могу пойти с вами, но не бесплатно.",             // 13
-    "Что-то здесь не так.",                            // 14
+    "Угрожаете? Поговорите лучше с Боссом.",  // 11
+    "Подождите здесь, я скоро вернусь.",      // 12
+    "Могу пойти с вами, но не бесплатно.",    // 13
+    "Что-то здесь не так.",                   // 14
 };
 
 constexpr std::size_t Entry_Size = 480;  // a speech file of NPC dialogues
@@ -92,8 +105,10 @@ constexpr std::size_t Entry_Size = 480;  // a speech file of NPC dialogues
 void Put_Field(Bytes& record, std::string_view name, std::uint32_t value) {
   for (const Field& field : fields::All()) {
     if (field.Name != name) continue;
-    if (field.Width < 4 && value >> (8 * field.Width) != 0) throw std::invalid_argument("too large for " + std::string(name));
-    for (int i = 0; i < field.Width; ++i) record[static_cast<std::size_t>(field.First - 1 + i)] = static_cast<std::uint8_t>(value >> (8 * i));
+    if (field.Width < 4 && value >> (8 * field.Width) != 0)
+      throw std::invalid_argument("too large for " + std::string(name));
+    for (int i = 0; i < field.Width; ++i)
+      record[static_cast<std::size_t>(field.First - 1 + i)] = static_cast<std::uint8_t>(value >> (8 * i));
     return;
   }
   throw std::invalid_argument("no field " + std::string(name));

@@ -12,11 +12,11 @@
 
 #include "fields/field_map.h"
 #include "speech/speech.h"
+#include "store/file_commands.h"
+#include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
-#include "ui/about.h"
 #include "ui/navigation.h"
-#include "store/file_commands.h"
 #include "ui/qt/main_view.h"
 #include "ui/qt/qt_platform.h"
 
@@ -40,9 +40,7 @@ class Scripted_Dialogs : public qtview::Qt_Platform {
   }
 };
 
-void Save(QWidget* widget, const QString& path) {
-  widget->grab().save(path);
-}
+void Save(QWidget* widget, const QString& path) { widget->grab().save(path); }
 
 }  // namespace
 
@@ -84,7 +82,9 @@ int main(int argc, char* argv[]) {
     }
     QApplication::processEvents();
     if (auto* edit = window.Edit_Window()) Save(edit, out + "/edit.png");
-    window.Dispatch([&] { if (model.Edit) ComCl_Click(*model.Edit); });
+    window.Dispatch([&] {
+      if (model.Edit) ComCl_Click(*model.Edit);
+    });
   }
   window.Dispatch([&] { nAbout_Click(model); });
   QApplication::processEvents();

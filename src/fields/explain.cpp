@@ -123,8 +123,7 @@ void Info_For_Bytes_3_4(Vorlane& vForm) {
 
 void Info_For_Bytes_5_6(Vorlane& vForm) {
   Explain(vForm, [&] {
-    return Trigger_Sentence(vForm, Info_For_Bytes_5_6,
-                            "Данная запись не проверяет тригеры на логические значение True",
+    return Trigger_Sentence(vForm, Info_For_Bytes_5_6, "Данная запись не проверяет тригеры на логические значение True",
                             "должен быть выполнен", "   ");
   });
 }

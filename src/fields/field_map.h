@@ -7,11 +7,11 @@
 struct Vorlane;
 
 struct Field {
-  std::string_view Name;     // Fire_Mode, Held_Item, ...
-  int First;                 // first byte cell, 1 .. 32
-  int Width;                 // cells: 1, 2 or 4
-  std::string_view Caption;  // shown in L_NByte; the key of the help texts
-  void (*Explain)(Vorlane&); // the sentence for the field's value
+  std::string_view Name;      // Fire_Mode, Held_Item, ...
+  int First;                  // first byte cell, 1 .. 32
+  int Width;                  // cells: 1, 2 or 4
+  std::string_view Caption;   // shown in L_NByte; the key of the help texts
+  void (*Explain)(Vorlane&);  // the sentence for the field's value
 
   int Last() const { return First + Width - 1; }
   bool Holds(int cell) const { return cell >= First && cell <= Last(); }

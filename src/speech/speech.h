@@ -27,4 +27,4 @@ std::int32_t Message_Number(const Vorlane& vForm);
 namespace cp1251 {
 // The character of a Windows-1251 code as UTF-8; code 0 gives the empty text.
 const std::string& Character(unsigned char code);
-}
+}  // namespace cp1251

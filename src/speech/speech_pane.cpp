@@ -56,9 +56,9 @@ void Tick(Vorlane& vForm) {
     if (length < entry_size) {
       vForm.Edt_Entry_Size = entry_size;
       const std::string size = std::to_string(entry_size);
-      vForm.platform.MsgBox("File " + vForm.Edt_Path + " < " + size + "bytes" + "\r\n" + "One message have size " +
-                                size + " bytes",
-                            msgbox::Warning, "NOTE!");
+      vForm.platform.MsgBox(
+          "File " + vForm.Edt_Path + " < " + size + "bytes" + "\r\n" + "One message have size " + size + " bytes",
+          msgbox::Warning, "NOTE!");
     }
     vForm.Edt_Kind = kind;
     Read_EDT(vForm);

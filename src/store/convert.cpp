@@ -59,9 +59,7 @@ namespace {
 
 // The encodings take whole numbers from 0 up; a fraction or a negative number counts as over the
 // limit, so that nothing else can reach a byte.
-bool Whole_Up_To(double number, double limit) {
-  return number >= 0 && number <= limit && number == std::floor(number);
-}
+bool Whole_Up_To(double number, double limit) { return number >= 0 && number <= limit && number == std::floor(number); }
 
 }  // namespace
 

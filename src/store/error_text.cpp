@@ -5,14 +5,22 @@ namespace Position {
 void Error_Text(std::string& text) {
   static const std::string during = "Ошибка во время ";
   static const std::string file = " файла";
-  if (text == "1") text = "Недопустимый ввод данных";
-  else if (text == "2") text = "Программа вызвала неустранимую ошибку в памяти";
-  else if (text == "3") text = "Неверный размер" + file;
-  else if (text == "4") text = "FILE NOT SAVE";
-  else if (text == "5") text = "Для определения формата файла его нужно сначала открыть!";
-  else if (text == "6") text = during + "чтения" + file;
-  else if (text == "7") text = during + "создания" + file;
-  else if (text == "8") text = during + "сохранения" + file;
+  if (text == "1")
+    text = "Недопустимый ввод данных";
+  else if (text == "2")
+    text = "Программа вызвала неустранимую ошибку в памяти";
+  else if (text == "3")
+    text = "Неверный размер" + file;
+  else if (text == "4")
+    text = "FILE NOT SAVE";
+  else if (text == "5")
+    text = "Для определения формата файла его нужно сначала открыть!";
+  else if (text == "6")
+    text = during + "чтения" + file;
+  else if (text == "7")
+    text = during + "создания" + file;
+  else if (text == "8")
+    text = during + "сохранения" + file;
 }
 
 }  // namespace Position

@@ -21,9 +21,7 @@ bool Is_Regular_File(const std::string& path) {
   return !path.empty() && fs::is_regular_file(fs::path(path), ec);
 }
 
-[[noreturn]] void Fail(const std::string& what, const std::string& path) {
-  throw Run_Time_Error(what + ": " + path);
-}
+[[noreturn]] void Fail(const std::string& what, const std::string& path) { throw Run_Time_Error(what + ": " + path); }
 
 }  // namespace
 

@@ -60,8 +60,10 @@ std::string Upper(std::string_view s) {
       // Two-byte Cyrillic: U+0430..U+044F -> U+0410..U+042F, U+0450..U+045F -> U+0400..U+040F.
       const std::uint32_t cp = ((c & 0x1F) << 6) | (static_cast<unsigned char>(s[i + 1]) & 0x3F);
       std::uint32_t up = cp;
-      if (cp >= 0x430 && cp <= 0x44F) up = cp - 0x20;
-      else if (cp >= 0x450 && cp <= 0x45F) up = cp - 0x50;
+      if (cp >= 0x430 && cp <= 0x44F)
+        up = cp - 0x20;
+      else if (cp >= 0x450 && cp <= 0x45F)
+        up = cp - 0x50;
       Append_Utf8(out, up);
       i += 2;
     } else {

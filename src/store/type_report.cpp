@@ -112,9 +112,10 @@ void nChaing_Click(Vorlane& vForm) {
     // The file on show in the window is refused: its image would still hold the old variant,
     // and the next save would silently write that back over the conversion.
     if (On_Show(vForm, vForm.File_Path)) {
-      vForm.platform.MsgBox("Файл " + vForm.File_Path +
-                                " открыт в окне. Сохраните результат под другим именем или сначала откройте другой файл.",
-                            48, vForm.Error_Title);
+      vForm.platform.MsgBox(
+          "Файл " + vForm.File_Path +
+              " открыт в окне. Сохраните результат под другим именем или сначала откройте другой файл.",
+          48, vForm.Error_Title);
       return;
     }
     // Written whole to a new file that then takes the old one's place: a failure half way leaves

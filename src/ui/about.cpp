@@ -47,11 +47,11 @@ struct Segment {
 // A stick figure standing in the middle: body, arms, legs; the head is a circle of its own.
 constexpr double Head_X = Centre_X, Head_Y = 96, Head_Radius = 21;
 constexpr std::array<Segment, 5> Figure{{
-    {Centre_X, 117, Centre_X, 205},             // body
-    {Centre_X, 140, Centre_X - 48, 182},        // left arm
-    {Centre_X, 140, Centre_X + 48, 182},        // right arm
-    {Centre_X, 205, Centre_X - 38, 272},        // left leg
-    {Centre_X, 205, Centre_X + 38, 272},        // right leg
+    {Centre_X, 117, Centre_X, 205},       // body
+    {Centre_X, 140, Centre_X - 48, 182},  // left arm
+    {Centre_X, 140, Centre_X + 48, 182},  // right arm
+    {Centre_X, 205, Centre_X - 38, 272},  // left leg
+    {Centre_X, 205, Centre_X + 38, 272},  // right leg
 }};
 
 double Distance_To(const Segment& s, double x, double y) {

@@ -11,7 +11,9 @@
 namespace colour {
 
 // 0x00BBGGRR for a plain colour, 0x80000000 plus an index for a colour of the system's scheme.
-constexpr std::int32_t System(int index) { return static_cast<std::int32_t>(0x80000000u + static_cast<unsigned>(index)); }
+constexpr std::int32_t System(int index) {
+  return static_cast<std::int32_t>(0x80000000u + static_cast<unsigned>(index));
+}
 
 constexpr std::int32_t Active_Title_Bar = System(2);
 constexpr std::int32_t Window_Background = System(5);

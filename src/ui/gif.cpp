@@ -67,8 +67,8 @@ std::vector<std::uint8_t> Compress(std::span<const std::uint8_t> pixels, int min
     int prefix = pixels[0];
     for (std::size_t i = 1; i < pixels.size(); ++i) {
       const int pixel = pixels[i];
-      std::int16_t& slot = table[static_cast<std::size_t>(prefix) * static_cast<std::size_t>(colours) +
-                                 static_cast<std::size_t>(pixel)];
+      std::int16_t& slot =
+          table[static_cast<std::size_t>(prefix) * static_cast<std::size_t>(colours) + static_cast<std::size_t>(pixel)];
       if (slot >= 0) {
         prefix = slot;
         continue;

@@ -47,16 +47,22 @@ void Slider_MouseMove(Vorlane& vForm) {
 }
 
 void nNext_Click(Vorlane& vForm) {
-  if (vForm.Slider.Value < 50) Slider_Set_Value(vForm, vForm.Slider.Value + 1);
-  else vForm.platform.Beep();
+  if (vForm.Slider.Value < 50)
+    Slider_Set_Value(vForm, vForm.Slider.Value + 1);
+  else
+    vForm.platform.Beep();
 }
 
 void nBack_Click(Vorlane& vForm) {
-  if (vForm.Slider.Value > 0) Slider_Set_Value(vForm, vForm.Slider.Value - 1);
-  else vForm.platform.Beep();
+  if (vForm.Slider.Value > 0)
+    Slider_Set_Value(vForm, vForm.Slider.Value - 1);
+  else
+    vForm.platform.Beep();
 }
 
 void Form_KeyUp(Vorlane& vForm, int key_code) {
-  if (key_code == key::Keypad_Plus) nNext_Click(vForm);
-  else if (key_code == key::Keypad_Minus) nBack_Click(vForm);
+  if (key_code == key::Keypad_Plus)
+    nNext_Click(vForm);
+  else if (key_code == key::Keypad_Minus)
+    nBack_Click(vForm);
 }

@@ -62,12 +62,22 @@ void ComExit_Click(Vorlane& vForm) { Unload_Main(vForm); }
 
 Main_Handler Mouse_Move_Handler(std::string_view control) {
   static constexpr std::array<std::pair<std::string_view, Main_Handler>, 17> handlers{{
-      {"Vorlane", Clear_Hint},     {"L_Edt", Clear_Hint},   {"Help", Clear_Hint},
-      {"L_Fix", Clear_Hint},       {"L_Fix_1", Clear_Hint}, {"L_Message", Clear_Hint},
-      {"L_NByte", Clear_Hint},     {"L_NLine", Clear_Hint}, {"Check", Clear_Hint},
-      {"Com1", Clear_Hint},        {"Com2", Clear_Hint},    {"SBar_1", Clear_Hint},
-      {"SBar_2", Clear_Hint},      {"L_Info_User", L_Info_User_MouseMove},
-      {"SBar_3", SBar_3_MouseMove}, {"Slider", Slider_MouseMove},
+      {"Vorlane", Clear_Hint},
+      {"L_Edt", Clear_Hint},
+      {"Help", Clear_Hint},
+      {"L_Fix", Clear_Hint},
+      {"L_Fix_1", Clear_Hint},
+      {"L_Message", Clear_Hint},
+      {"L_NByte", Clear_Hint},
+      {"L_NLine", Clear_Hint},
+      {"Check", Clear_Hint},
+      {"Com1", Clear_Hint},
+      {"Com2", Clear_Hint},
+      {"SBar_1", Clear_Hint},
+      {"SBar_2", Clear_Hint},
+      {"L_Info_User", L_Info_User_MouseMove},
+      {"SBar_3", SBar_3_MouseMove},
+      {"Slider", Slider_MouseMove},
       {"List", List_MouseMove},
   }};
   for (const auto& [name, handler] : handlers)
@@ -77,12 +87,24 @@ Main_Handler Mouse_Move_Handler(std::string_view control) {
 
 Main_Handler Menu_Click_Handler(std::string_view menu_item) {
   static constexpr std::array<std::pair<std::string_view, Main_Handler>, 18> handlers{{
-      {"nOpen", nOpen_Click},       {"nNew", nNew_Click},         {"nSave", nSave_Click},
-      {"nSaveas", nSaveas_Click},   {"nExit", nExit_Click},       {"nKey_2", nKey_2_Click},
-      {"nKey_1", nKey_1_Click},     {"nItem", nItem_Click},       {"nNPC_Names", nNPC_Names_Click},
-      {"nQests", nQests_Click},     {"nQuests", nQuests_Click},   {"nTrigers", nTrigers_Click},
-      {"nEdit", nEdit_Click},       {"nCurrent", nCurrent_Click}, {"nChaing", nChaing_Click},
-      {"nNext", nNext_Click},       {"nBack", nBack_Click},       {"nAbout", nAbout_Click},
+      {"nOpen", nOpen_Click},
+      {"nNew", nNew_Click},
+      {"nSave", nSave_Click},
+      {"nSaveas", nSaveas_Click},
+      {"nExit", nExit_Click},
+      {"nKey_2", nKey_2_Click},
+      {"nKey_1", nKey_1_Click},
+      {"nItem", nItem_Click},
+      {"nNPC_Names", nNPC_Names_Click},
+      {"nQests", nQests_Click},
+      {"nQuests", nQuests_Click},
+      {"nTrigers", nTrigers_Click},
+      {"nEdit", nEdit_Click},
+      {"nCurrent", nCurrent_Click},
+      {"nChaing", nChaing_Click},
+      {"nNext", nNext_Click},
+      {"nBack", nBack_Click},
+      {"nAbout", nAbout_Click},
   }};
   for (const auto& [name, handler] : handlers)
     if (name == menu_item) return handler;

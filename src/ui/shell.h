@@ -11,7 +11,7 @@ struct Vorlane;
 namespace Position {
 // Centres the window across the screen with a third of the free height above it.
 void Place_Controls(Form_Window& vForm, const Screen_Size& screen);
-}
+}  // namespace Position
 
 // The start-up event: place, constants, the captions of nNext and nBack.
 void Form_Load(Vorlane& vForm);

@@ -27,14 +27,14 @@ Vorlane::~Vorlane() = default;
 
 Menu_Item* Vorlane::Menu(std::string_view name) {
   static constexpr std::pair<std::string_view, Menu_Item Vorlane::*> items[] = {
-      {"nFile", &Vorlane::nFile},       {"nOpen", &Vorlane::nOpen},       {"nNew", &Vorlane::nNew},
-      {"nSave", &Vorlane::nSave},       {"nSaveas", &Vorlane::nSaveas},   {"n1", &Vorlane::n1},
-      {"nExit", &Vorlane::nExit},       {"nView", &Vorlane::nView},       {"nKey_2", &Vorlane::nKey_2},
-      {"nKey_1", &Vorlane::nKey_1},     {"nItem", &Vorlane::nItem},       {"nNPC_Names", &Vorlane::nNPC_Names},
-      {"nQests", &Vorlane::nQests},     {"nQuests", &Vorlane::nQuests},   {"nTrigers", &Vorlane::nTrigers},
-      {"nTools", &Vorlane::nTools},     {"nEdit", &Vorlane::nEdit},       {"nType", &Vorlane::nType},
-      {"nCurrent", &Vorlane::nCurrent}, {"nChaing", &Vorlane::nChaing},   {"nRecord", &Vorlane::nRecord},
-      {"nNext", &Vorlane::nNext},       {"nBack", &Vorlane::nBack},       {"nAbout", &Vorlane::nAbout},
+      {"nFile", &Vorlane::nFile},       {"nOpen", &Vorlane::nOpen},     {"nNew", &Vorlane::nNew},
+      {"nSave", &Vorlane::nSave},       {"nSaveas", &Vorlane::nSaveas}, {"n1", &Vorlane::n1},
+      {"nExit", &Vorlane::nExit},       {"nView", &Vorlane::nView},     {"nKey_2", &Vorlane::nKey_2},
+      {"nKey_1", &Vorlane::nKey_1},     {"nItem", &Vorlane::nItem},     {"nNPC_Names", &Vorlane::nNPC_Names},
+      {"nQests", &Vorlane::nQests},     {"nQuests", &Vorlane::nQuests}, {"nTrigers", &Vorlane::nTrigers},
+      {"nTools", &Vorlane::nTools},     {"nEdit", &Vorlane::nEdit},     {"nType", &Vorlane::nType},
+      {"nCurrent", &Vorlane::nCurrent}, {"nChaing", &Vorlane::nChaing}, {"nRecord", &Vorlane::nRecord},
+      {"nNext", &Vorlane::nNext},       {"nBack", &Vorlane::nBack},     {"nAbout", &Vorlane::nAbout},
   };
   for (const auto& [item_name, member] : items)
     if (item_name == name) return &(this->*member);

@@ -64,7 +64,7 @@ struct Vorlane : Form_Window {
   // --- The file image ---------------------------------------------------------------------
   std::string HexImage;
   std::string Saved_Image;
-  std::string FileType;  // "ja" for the Buka variant, empty for the standard one
+  std::string FileType;                 // "ja" for the Buka variant, empty for the standard one
   std::array<std::string, 50> Records;  // Record_1 .. Record_50, reached through Record(k)
   std::int16_t Current_Record = 0;
   std::int32_t Start_Char = 0;

@@ -9,15 +9,14 @@
 namespace vocab {
 
 struct Row {
-    int number;
-    std::string_view text;
+  int number;
+  std::string_view text;
 };
 
 // Rows must be strictly ascending by number for the binary search of Look_Up.
 constexpr bool Rows_Ascending(std::span<const Row> rows) {
-    return std::adjacent_find(rows.begin(), rows.end(), [](const Row& a, const Row& b) {
-               return a.number >= b.number;
-           }) == rows.end();
+  return std::adjacent_find(rows.begin(), rows.end(),
+                            [](const Row& a, const Row& b) { return a.number >= b.number; }) == rows.end();
 }
 
 // If `text` is a plain decimal number (digits only, no sign, blank or leading zero) that has a

@@ -47,9 +47,12 @@ std::vector<Sentence_Case> Sentence_Cases() {
   const std::string says_nothing = "НПЦ ничего не скажет";
   const std::string byte_14_ff = "Байт 14 = 'FF' (НПЦ ничего не скажет), байт 15 должен быть равен '01'!";
   const std::string no_passing = "Данная запись не передает управление";
-  const auto held = [](int n) { return "Предмет №_" + std::to_string(n) + " <" + Name(Item_Name, n) + "> должен быть у НПЦ"; };
+  const auto held = [](int n) {
+    return "Предмет №_" + std::to_string(n) + " <" + Name(Item_Name, n) + "> должен быть у НПЦ";
+  };
   const auto given = [](int n) {
-    return "При выполнении всех условий предмет №_" + std::to_string(n) + " <" + Name(Item_Name, n) + "> будет передан игроку ";
+    return "При выполнении всех условий предмет №_" + std::to_string(n) + " <" + Name(Item_Name, n) +
+           "> будет передан игроку ";
   };
   const auto trigger = [](int n, const std::string& verb) {
     return "Тригер №_" + std::to_string(n) + " <" + Name(Trigger_Name, n) + "> " + verb;
@@ -60,14 +63,19 @@ std::vector<Sentence_Case> Sentence_Cases() {
   const auto count = [](const std::string& c, const std::string& word) {
     return "НПЦ скажет " + c + word + ", после фразы №_12 (включительно)";
   };
-  const auto record = [](int n) { return "№_" + std::to_string(n) + " - файл может иметь максимум 50 записей по 32 байта (0-49)"; };
+  const auto record = [](int n) {
+    return "№_" + std::to_string(n) + " - файл может иметь максимум 50 записей по 32 байта (0-49)";
+  };
   const std::string differ_byte = "Данный байт у всех существующих НПЦ = '00'!";
   const std::string differ_bytes = "Данные байты у всех существующих НПЦ = '00'!";
 
   return {
-      {"FireMode_Always", Info_For_Bytes_1_2, 1, "0000", "Эта запись будет сработывать всегда, без передачи на стандартные записи"},
-      {"FireMode_Once", Info_For_Bytes_1_2, 1, "0200", "Эта запись сработает только один раз во всей игре и управление передастся стандартной записи"},
-      {"FireMode_Repeat", Info_For_Bytes_1_2, 1, "0400", "Эта запись сработает всегда и при повторе управление передастся стандартные записи"},
+      {"FireMode_Always", Info_For_Bytes_1_2, 1, "0000",
+       "Эта запись будет сработывать всегда, без передачи на стандартные записи"},
+      {"FireMode_Once", Info_For_Bytes_1_2, 1, "0200",
+       "Эта запись сработает только один раз во всей игре и управление передастся стандартной записи"},
+      {"FireMode_Repeat", Info_For_Bytes_1_2, 1, "0400",
+       "Эта запись сработает всегда и при повторе управление передастся стандартные записи"},
       {"FireMode_HighByteTwo", Info_For_Bytes_1_2, 1, "0002", "<?>"},
       {"FireMode_One", Info_For_Bytes_1_2, 1, "0100", "<?>"},
 
@@ -80,7 +88,8 @@ std::vector<Sentence_Case> Sentence_Cases() {
       {"HeldItem_00FF_Is65280", Info_For_Bytes_3_4, 3, "00FF", "№_65280<?>"},
       {"HeldItem_FFFF_IsANumber", Info_For_Bytes_3_4, 3, "FFFF", "№_65535<?>"},
 
-      {"TriggerTrue_FFFF_NotInUse", Info_For_Bytes_5_6, 5, "FFFF", "Данная запись не проверяет тригеры на логические значение True"},
+      {"TriggerTrue_FFFF_NotInUse", Info_For_Bytes_5_6, 5, "FFFF",
+       "Данная запись не проверяет тригеры на логические значение True"},
       {"TriggerTrue_0", Info_For_Bytes_5_6, 5, "0000", trigger(0, must)},
       {"TriggerTrue_FF00_Is255", Info_For_Bytes_5_6, 5, "FF00", trigger(255, must)},
       {"TriggerTrue_157_WithoutName", Info_For_Bytes_5_6, 5, "9D00", "Тригер №_157 <157> должен быть выполнен"},
@@ -88,15 +97,18 @@ std::vector<Sentence_Case> Sentence_Cases() {
       {"TriggerTrue_500_ThreeBlanks", Info_For_Bytes_5_6, 5, "F401", "№_500   " + too_big},
       {"TriggerTrue_00FF_Is65280", Info_For_Bytes_5_6, 5, "00FF", "№_65280   " + too_big},
 
-      {"TriggerFalse_FFFF_NotInUse", Info_For_Bytes_7_8, 7, "FFFF", "Данная запись не проверяет тригеры на логические значение False"},
+      {"TriggerFalse_FFFF_NotInUse", Info_For_Bytes_7_8, 7, "FFFF",
+       "Данная запись не проверяет тригеры на логические значение False"},
       {"TriggerFalse_FF00_Is255", Info_For_Bytes_7_8, 7, "FF00", trigger(255, must_not)},
       {"TriggerFalse_499", Info_For_Bytes_7_8, 7, "F301", trigger(499, must_not)},
       {"TriggerFalse_500_ThreeBlanks", Info_For_Bytes_7_8, 7, "F401", "№_500   " + too_big},
       {"TriggerFalse_00FF_Is65280", Info_For_Bytes_7_8, 7, "00FF", "№_65280   " + too_big},
 
       {"QuestNeeded_255_None", Info_For_Byte_9, 9, "FF", "№_-1 Запись не проверяет получение квеста игроком"},
-      {"QuestNeeded_0_GivenQuestName", Info_For_Byte_9, 9, "00", "Квест №_0 <" + Name(Quest_Give_Name, 0) + "> уже должен быть получен игроком"},
-      {"QuestNeeded_29", Info_For_Byte_9, 9, "1D", "Квест №_29 <" + Name(Quest_Give_Name, 29) + "> уже должен быть получен игроком"},
+      {"QuestNeeded_0_GivenQuestName", Info_For_Byte_9, 9, "00",
+       "Квест №_0 <" + Name(Quest_Give_Name, 0) + "> уже должен быть получен игроком"},
+      {"QuestNeeded_29", Info_For_Byte_9, 9, "1D",
+       "Квест №_29 <" + Name(Quest_Give_Name, 29) + "> уже должен быть получен игроком"},
       {"QuestNeeded_30", Info_For_Byte_9, 9, "1E", "Квест №_30 <?>"},
       {"QuestNeeded_254", Info_For_Byte_9, 9, "FE", "Квест №_254 <?>"},
 
@@ -116,11 +128,16 @@ std::vector<Sentence_Case> Sentence_Cases() {
       {"InputCode_19", Info_For_Byte_12, 12, "13", "№_19 <" + Name(Action_Name, 19) + ">"},
       {"InputCode_255_NoEntry", Info_For_Byte_12, 12, "FF", "№_255 <?>"},
 
-      {"Leadership_0", Info_For_Byte_13, 13, "00", "Данный НПЦ вступит в диалог с игроком независимо от его уровня лидерства"},
-      {"Leadership_1", Info_For_Byte_13, 13, "01", "Данный НПЦ вступит в диалог с игроком, при уровене лидерства игрока > 1"},
-      {"Leadership_100", Info_For_Byte_13, 13, "64", "Данный НПЦ вступит в диалог с игроком, при уровене лидерства игрока > 100"},
-      {"Leadership_101", Info_For_Byte_13, 13, "65", "Вероятно данный НПЦ никогда не вступит в диалог с игроком. (Ур. лид. должен быть 101)"},
-      {"Leadership_255", Info_For_Byte_13, 13, "FF", "Вероятно данный НПЦ никогда не вступит в диалог с игроком. (Ур. лид. должен быть 255)"},
+      {"Leadership_0", Info_For_Byte_13, 13, "00",
+       "Данный НПЦ вступит в диалог с игроком независимо от его уровня лидерства"},
+      {"Leadership_1", Info_For_Byte_13, 13, "01",
+       "Данный НПЦ вступит в диалог с игроком, при уровене лидерства игрока > 1"},
+      {"Leadership_100", Info_For_Byte_13, 13, "64",
+       "Данный НПЦ вступит в диалог с игроком, при уровене лидерства игрока > 100"},
+      {"Leadership_101", Info_For_Byte_13, 13, "65",
+       "Вероятно данный НПЦ никогда не вступит в диалог с игроком. (Ур. лид. должен быть 101)"},
+      {"Leadership_255", Info_For_Byte_13, 13, "FF",
+       "Вероятно данный НПЦ никогда не вступит в диалог с игроком. (Ур. лид. должен быть 255)"},
 
       {"MessageNumber_255", Info_For_Byte_14, 14, "FF", says_nothing},
       {"MessageNumber_0", Info_For_Byte_14, 14, "00", "НПЦ скажет фразу №_0"},
@@ -153,7 +170,8 @@ std::vector<Sentence_Case> Sentence_Cases() {
       {"GotoNpc_0", Info_For_Byte_18, 18, "00", "Управление передается " + Name(Npc_Name, 0) + " (№_#0)"},
       {"GotoNpc_162", Info_For_Byte_18, 18, "A2", "Управление передается " + Name(Npc_Name, 162) + " (№_#162)"},
       {"GotoNpc_169_EmptyName", Info_For_Byte_18, 18, "A9", "Управление передается  (№_#169)"},
-      {"GotoNpc_170", Info_For_Byte_18, 18, "AA", "Запись не передаст управление #170 т.к. макс. № НПЦ -169 (см. Bynarydata\\Prof.dat)"},
+      {"GotoNpc_170", Info_For_Byte_18, 18, "AA",
+       "Запись не передаст управление #170 т.к. макс. № НПЦ -169 (см. Bynarydata\\Prof.dat)"},
 
       {"GotoRecord_255_None", Info_For_Byte_19, 19, "FF", no_passing},
       {"GotoRecord_0", Info_For_Byte_19, 19, "00", "Управление передается на запись №_0 (Record #1)"},
@@ -165,7 +183,8 @@ std::vector<Sentence_Case> Sentence_Cases() {
       {"UnknownByte_01", Info_For_Byte_20, 20, "01", differ_byte},
       {"UnknownByte_FF", Info_For_Byte_20, 20, "FF", differ_byte},
 
-      {"TriggerSet_FFFF_NotInUse", Info_For_Bytes_21_22, 21, "FFFF", "Данная запись не переводит тригеры в логическое значение True"},
+      {"TriggerSet_FFFF_NotInUse", Info_For_Bytes_21_22, 21, "FFFF",
+       "Данная запись не переводит тригеры в логическое значение True"},
       {"TriggerSet_FF00_Is255", Info_For_Bytes_21_22, 21, "FF00", trigger(255, set)},
       {"TriggerSet_499", Info_For_Bytes_21_22, 21, "F301", trigger(499, set)},
       {"TriggerSet_500_OneBlank", Info_For_Bytes_21_22, 21, "F401", "№_500 " + too_big},

@@ -116,7 +116,8 @@ class About_Picture_Test : public QObject {
       QCOMPARE(file.size(), plain.size() + missing);
       std::size_t p = plain.size() - 1;
       QVERIFY(file[p] == 0x21 && file[p + 1] == 0xFE);
-      for (p += 2; p < file.size() && file[p] != 0; p += file[p] + 1u) {}
+      for (p += 2; p < file.size() && file[p] != 0; p += file[p] + 1u) {
+      }
       QVERIFY(p + 2 == file.size() && file.back() == 0x3B);
       QCOMPARE(Read(file), Expected(20, palette, pixels));
     }

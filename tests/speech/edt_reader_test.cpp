@@ -77,13 +77,29 @@ const Decode_Case Decode_Cases[] = {
     {"YaFirst_Message0_IsLost", 1, 1, {{0, Ya_First}}, "0", "A"},
     {"YaFirst_Message1_IsShown", 1, 2, {{480, Ya_First}}, "1", "яA"},
     {"TwoYaInARow_GiveOne", 1, 1, {{0, {0x42, 0x00, 0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0x00}}}, "0", "Aя"},
-    {"ZeroZeroFive_Kind1_GoesOn", 1, 1, {{0, Zero_Zero_Five}}, "0", "A\x04" "B"},
-    {"ZeroZeroFive_Kind3_GoesOn", 3, 1, {{0, Zero_Zero_Five}}, "0", "A\x04" "B"},
+    {"ZeroZeroFive_Kind1_GoesOn",
+     1,
+     1,
+     {{0, Zero_Zero_Five}},
+     "0",
+     "A\x04"
+     "B"},
+    {"ZeroZeroFive_Kind3_GoesOn",
+     3,
+     1,
+     {{0, Zero_Zero_Five}},
+     "0",
+     "A\x04"
+     "B"},
     {"ZeroZeroFive_Kind4_Ends", 4, 1, {{0, Zero_Zero_Five}}, "0", "A"},
     {"Ya_Kind4_IsNoEnd", 4, 1, {{0, {0x42, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00}}}, "0", "Aя"},
     {"Blanks_20And21", 1, 1, {{0, {0x20, 0x00, 0x21, 0x00, 0x42, 0x00, 0x00, 0x00}}}, "0", "  A"},
     {"Code0_AddsNothing", 1, 1, {{0, {0x42, 0x00, 0x01, 0x00, 0x43, 0x00, 0x00, 0x00}}}, "0", "AB"},
-    {"Cyrillic", 1, 1, {{0, {0xC1, 0, 0xE0, 0, 0xE1, 0, 0xA9, 0, 0xB9, 0, 0xBA, 0, 0xFF, 0, 0, 1, 0, 0, 0}}}, "0",
+    {"Cyrillic",
+     1,
+     1,
+     {{0, {0xC1, 0, 0xE0, 0, 0xE1, 0, 0xA9, 0, 0xB9, 0, 0xBA, 0, 0xFF, 0, 0, 1, 0, 0, 0}}},
+     "0",
      "АЯаЁё№юя"},
     {"StrayLastByteOfMessageBefore", 1, 2, {{479, {0x44}}, {480, {0x42, 0x00, 0x00, 0x00}}}, "1", "CA"},
     {"EmptyMessage1", 1, 2, {{0, B479}}, "1", ""},
@@ -104,7 +120,8 @@ class Decoding : public Edt_Reader, public testing::WithParamInterface<Decode_Ca
 TEST_P(Decoding, ShowsTheDecodedMessage) {
   const Decode_Case& c = GetParam();
   Bytes file((c.kind == 3 ? 320 : 480) * c.entries, 0);
-  for (const auto& [offset, bytes] : c.puts) std::ranges::copy(bytes, file.begin() + static_cast<std::ptrdiff_t>(offset));
+  for (const auto& [offset, bytes] : c.puts)
+    std::ranges::copy(bytes, file.begin() + static_cast<std::ptrdiff_t>(offset));
   Bind(file, c.kind, c.message);
   EXPECT_EQ(Read(), c.expected);
   EXPECT_EQ(window.L_Message.Caption, c.message);
@@ -145,7 +162,8 @@ TEST_F(Edt_Reader, WholeEntryAndLastMessage) {
 // file's start, beyond 32 bits or without a number, the failure road.
 TEST_F(Edt_Reader, MessageNumbersAtTheLimits) {
   const std::string huge = Huge_File(folder.Path("huge.edt"));
-  const std::pair<const char*, bool> rows[] = {  // number, fails in a short file
+  const std::pair<const char*, bool> rows[] = {
+      // number, fails in a short file
       {"32767", false}, {"32768", false}, {"65535", false},     {"65536", false},      {"68", false},
       {"-1", true},     {"-32768", true}, {"2147483647", true}, {"99999999999", true}, {"x", true},
   };

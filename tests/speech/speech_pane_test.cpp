@@ -38,9 +38,15 @@ class Speech_Pane : public Window_Test {
     Tick(Dialog_Pick{path, filter_index});
     return path;
   }
-  void Untick() { Event([&] { Check_Set_Value(window, 0); }); }
-  void Previous() { Event([&] { Com1_Click(window); }); }
-  void Next() { Event([&] { Com2_Click(window); }); }
+  void Untick() {
+    Event([&] { Check_Set_Value(window, 0); });
+  }
+  void Previous() {
+    Event([&] { Com1_Click(window); });
+  }
+  void Next() {
+    Event([&] { Com2_Click(window); });
+  }
   // The message number and text on show.
   Pair Shown() { return {window.L_Message.Caption, window.L_Edt.Caption}; }
   void Explain_Byte_14(const char* pair) {
@@ -74,8 +80,8 @@ TEST_F(Speech_Pane, TickingAsksForTheSpeechFileAndShowsMessage0) {
 // file. Cancel, or a chosen file that can't be measured, leaves the pane off without a word.
 TEST_F(Speech_Pane, ProposedNameAndNoFile) {
   const std::pair<const char*, const char*> names[] = {
-      {"a.NpC", "a.edt"}, {".npc", ".npc"}, {"x.npc.bak", "x.npc.bak"}, {"файл.npc", "файл.edt"},
-      {"ж.npc", "ж.edt"}, {nullptr, ""},
+      {"a.NpC", "a.edt"},       {".npc", ".npc"},   {"x.npc.bak", "x.npc.bak"},
+      {"файл.npc", "файл.edt"}, {"ж.npc", "ж.edt"}, {nullptr, ""},
   };
   for (const auto& [npc, proposed] : names) {
     npc ? Open_Bytes(npc, Standard_File()) : Event([&] { nNew_Click(window); });
@@ -91,8 +97,8 @@ TEST_F(Speech_Pane, ProposedNameAndNoFile) {
 
 // The filter entry says what kind of file it is and so how large a message is.
 TEST_F(Speech_Pane, FilterIndexGivesTheKind) {
-  for (const auto& [index, kind, size] : {std::tuple{1, 1, 480}, std::tuple{2, 3, 320}, std::tuple{3, 3, 320},
-                                          std::tuple{4, 4, 480}}) {
+  for (const auto& [index, kind, size] :
+       {std::tuple{1, 1, 480}, std::tuple{2, 3, 320}, std::tuple{3, 3, 320}, std::tuple{4, 4, 480}}) {
     Tick_With(Speech(static_cast<std::size_t>(size), 3), index);
     EXPECT_EQ(window.Edt_Kind, kind) << index;
     Next();
@@ -104,8 +110,8 @@ TEST_F(Speech_Pane, FilterIndexGivesTheKind) {
 
 TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
   const std::tuple<int, std::size_t, bool> cases[] = {
-      {1, 0, true},   {1, 479, true}, {1, 480, false}, {1, 500, false}, {4, 479, true}, {4, 480, false},
-      {2, 319, true}, {2, 320, false}, {3, 319, true}, {3, 480, false},
+      {1, 0, true},    {1, 479, true}, {1, 480, false}, {1, 500, false}, {4, 479, true},
+      {4, 480, false}, {2, 319, true}, {2, 320, false}, {3, 319, true},  {3, 480, false},
   };
   for (const auto& [index, length, warned] : cases) {
     SCOPED_TRACE(std::to_string(index) + " " + std::to_string(length));
@@ -127,8 +133,10 @@ TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
 
 TEST_F(Speech_Pane, SteppingStopsAtBothEnds) {
   Tick_With(Speech(480, 3));
-  const std::tuple<bool, Pair, int> steps[] = {  // forward, shown, beeps
-      {false, {"0", "A"}, 1}, {true, {"1", "B"}, 1}, {true, {"2", "C"}, 1}, {true, {"2", "C"}, 2}, {false, {"1", "B"}, 2},
+  const std::tuple<bool, Pair, int> steps[] = {
+      // forward, shown, beeps
+      {false, {"0", "A"}, 1}, {true, {"1", "B"}, 1},  {true, {"2", "C"}, 1},
+      {true, {"2", "C"}, 2},  {false, {"1", "B"}, 2},
   };
   for (const auto& [forward, shown, beeps] : steps) {
     forward ? Next() : Previous();
@@ -150,8 +158,9 @@ TEST_F(Speech_Pane, VanishedFile) {
     Next();
     std::filesystem::remove(path);
     forward ? Next() : Previous();
-    EXPECT_EQ(platform.Messages, (std::vector<Shown_Message>{
-                                     {"Файл " + path + " не найден!\r\n Возможно он был перемещен или удален", 16, "ERROR"}}));
+    EXPECT_EQ(platform.Messages,
+              (std::vector<Shown_Message>{
+                  {"Файл " + path + " не найден!\r\n Возможно он был перемещен или удален", 16, "ERROR"}}));
     Expect_Off();
     EXPECT_EQ(platform.Beeps, 0);
   }

@@ -22,9 +22,16 @@ std::string Padded(std::string text) {
 
 TEST(Sub_DeCode, TurnsHexPairsIntoDecimalText) {
   const std::pair<const char*, const char*> cases[] = {
-      {"00", "0"}, {"0A", "10"}, {"10", "16"}, {"FF", "255"}, {"7F", "127"}, {"A0", "160"},
+      {"00", "0"},
+      {"0A", "10"},
+      {"10", "16"},
+      {"FF", "255"},
+      {"7F", "127"},
+      {"A0", "160"},
       // One character is first and last at once; of a longer text only the ends count.
-      {"F", "255"}, {"7", "119"}, {"1A2", "18"},
+      {"F", "255"},
+      {"7", "119"},
+      {"1A2", "18"},
   };
   for (const auto& [hex, decimal] : cases) EXPECT_EQ(Decoded(hex), decimal) << hex;
 }
@@ -71,10 +78,19 @@ TEST(Hex, EditorEncodingsAtTheirLimits) {
     const char* as_word;
   };
   const Row rows[] = {
-      {0, "00", "00 00"},      {7, "07", "07 00"},    {255, "FF", "FF 00"},  {256, "", "00 01"},
-      {300, "", "2C 01"},      {65535, "", "FF FF"},  {65536, "", ""},       {99999999999.0, "", ""},
+      {0, "00", "00 00"},
+      {7, "07", "07 00"},
+      {255, "FF", "FF 00"},
+      {256, "", "00 01"},
+      {300, "", "2C 01"},
+      {65535, "", "FF FF"},
+      {65536, "", ""},
+      {99999999999.0, "", ""},
       // Only whole numbers from 0 up can reach a byte.
-      {-1, "", ""},            {3.5, "", ""},         {255.5, "", ""},       {100000, "", ""},
+      {-1, "", ""},
+      {3.5, "", ""},
+      {255.5, "", ""},
+      {100000, "", ""},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(hex::Encode_Byte(row.number), row.as_byte) << row.number;

@@ -60,7 +60,9 @@ class File_Commands : public Window_Test {
   void Pick(const std::optional<std::string>& path) {
     platform.Picks.push_back(path ? std::optional(Dialog_Pick{*path}) : std::nullopt);
   }
-  void Run(void (*command)(Vorlane&)) { Event([&] { command(window); }); }
+  void Run(void (*command)(Vorlane&)) {
+    Event([&] { command(window); });
+  }
   std::string Bars() const {
     return window.SBar_1.SimpleText + "|" + window.SBar_2.SimpleText + "|" + window.SBar_3.SimpleText;
   }
@@ -86,8 +88,10 @@ TEST_F(File_Commands, AFileOfAnyOtherSizeIsRefusedAndTheDialogComesAgain) {
   Open(path);
   Event([&] { Slider_Set_Value(window, 7); });
   const std::string bars = Bars(), cells = Cells_Text(window);
-  const std::pair<std::string, Bytes> files[] = {
-      {"short.npc", Bytes(1599, 1)}, {"long.npc", Bytes(1601, 2)}, {"empty.npc", Bytes()}, {"huge.npc", Bytes(10 << 20, 3)}};
+  const std::pair<std::string, Bytes> files[] = {{"short.npc", Bytes(1599, 1)},
+                                                 {"long.npc", Bytes(1601, 2)},
+                                                 {"empty.npc", Bytes()},
+                                                 {"huge.npc", Bytes(10 << 20, 3)}};
   for (const auto& [name, bytes] : files) Pick(folder.Write(name, bytes));
   const std::string a_folder = folder.Path("a folder.npc");
   fs::create_directory(a_folder);
@@ -182,7 +186,8 @@ TEST_P(Yes_Without_A_File, AsksForANameFirst) {
   EXPECT_FALSE(gone && fs::exists(shown));
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, Yes_Without_A_File, ::testing::Combine(::testing::Bool(), ::testing::Bool(), ::testing::Bool()),
+INSTANTIATE_TEST_SUITE_P(Cases, Yes_Without_A_File,
+                         ::testing::Combine(::testing::Bool(), ::testing::Bool(), ::testing::Bool()),
                          [](const auto& info) {
                            return std::string(std::get<0>(info.param) ? "Gone" : "New") +
                                   (std::get<1>(info.param) ? "Exit" : "Open") +
@@ -301,7 +306,7 @@ struct Failure_Row {
   const char* name;
   bool half_way;
   void (*command)(Vorlane&);
-  const char* target;  // picked in the save dialog, if one comes
+  const char* target;   // picked in the save dialog, if one comes
   std::size_t dialogs;  // the open dialog of the file first, then those of the command
 };
 
@@ -340,9 +345,15 @@ INSTANTIATE_TEST_SUITE_P(Roads, Failed_Save,
 // Characters 57 to 169 are named; row 169 exists and is empty, so " - " and nothing.
 TEST_F(File_Commands, CorrectBarNamesCharacters57To169) {
   const std::pair<std::string, std::string> cases[] = {
-      {"056.NPC", "056.NPC"}, {"057.NPC", "057.NPC - " + Name_Of(57)}, {"169.NPC", "169.NPC - "},
-      {"170.NPC", "170.NPC"}, {"ABC.NPC", "ABC.NPC"},                   {"NEW.NPC", "NEW.NPC"},
-      {"57..NPC", "57..NPC - " + Name_Of(57)}, {"", ""},               {"ЖЖЖ.NPC", "ЖЖЖ.NPC"},
+      {"056.NPC", "056.NPC"},
+      {"057.NPC", "057.NPC - " + Name_Of(57)},
+      {"169.NPC", "169.NPC - "},
+      {"170.NPC", "170.NPC"},
+      {"ABC.NPC", "ABC.NPC"},
+      {"NEW.NPC", "NEW.NPC"},
+      {"57..NPC", "57..NPC - " + Name_Of(57)},
+      {"", ""},
+      {"ЖЖЖ.NPC", "ЖЖЖ.NPC"},
   };
   for (const auto& [bar, shown] : cases) {
     window.SBar_3.SimpleText = bar;

@@ -191,8 +191,7 @@ const Messages kWrongSize{{"Неверный размер файла", 48, "ERRO
 INSTANTIATE_TEST_SUITE_P(
     Roads, Quiet_Conversion,
     ::testing::Values(Quiet_Row{"CancelInTheOpenDialog", Standard_File(), kToBuka, {}, false, false},
-                      Quiet_Row{"MissingFile", std::nullopt, kToBuka},
-                      Quiet_Row{"Empty", Bytes(), kToBuka, kWrongSize},
+                      Quiet_Row{"MissingFile", std::nullopt, kToBuka}, Quiet_Row{"Empty", Bytes(), kToBuka, kWrongSize},
                       Quiet_Row{"OneByteShort", Bytes(1599, 7), kToBuka, kWrongSize},
                       Quiet_Row{"OneByteLong", Bytes(1601, 7), kToBuka, kWrongSize},
                       Quiet_Row{"Double", Bytes(3200, 7), kToBuka, kWrongSize},

@@ -13,7 +13,6 @@
 #include "support/temp_folder.h"
 #include "ui/vorlane.h"
 
-
 // A standard file whose record k (1 .. 50) holds the bytes k, k+1, .. k+31 (mod 256): every
 // byte tells its record and position.
 Bytes Standard_File();

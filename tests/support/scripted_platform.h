@@ -19,7 +19,7 @@ struct Shown_Message {
 };
 
 struct Shown_Dialog {
-  bool Save = false;  // ShowSave, else ShowOpen
+  bool Save = false;       // ShowSave, else ShowOpen
   Common_Dialog Settings;  // the dialog's settings as the program made them
 };
 

@@ -25,8 +25,12 @@ class Byte_Grid : public Window_Test {
     Open_Bytes("a.npc", Standard_File());
     Event([&] { Slider_Set_Value(window, 3); });
   }
-  void Hover(int n) { Event([&] { L_MouseMove(window, n); }); }
-  void Click(int n) { Event([&] { L_Click(window, n); }); }
+  void Hover(int n) {
+    Event([&] { L_MouseMove(window, n); });
+  }
+  void Click(int n) {
+    Event([&] { L_Click(window, n); });
+  }
   // The colour of every cell, checked against one lit field.
   void Expect_Colours(int lit_cell, std::int32_t colour) {
     const Field* lit = lit_cell ? &fields::Of_Cell(lit_cell) : nullptr;

@@ -43,14 +43,20 @@ class Edit_Test : public Window_Test {
     (word ? Form().O_2 : Form().O_1).Value = true;
     Event([&] { word ? O_2_Click(Form()) : O_1_Click(Form()); });
   }
-  void Overwrite() { Event([&] { ComApply_Click(Form()); }); }
+  void Overwrite() {
+    Event([&] { ComApply_Click(Form()); });
+  }
   void Write_Field(const std::string& item, const std::string& number, bool word) {
     Select(item);
     Encode(number, word);
     Overwrite();
   }
-  void Apply() { Event([&] { ComOK_Click(Form()); }); }
-  void Cancel() { Event([&] { ComCl_Click(Form()); }); }
+  void Apply() {
+    Event([&] { ComOK_Click(Form()); });
+  }
+  void Cancel() {
+    Event([&] { ComCl_Click(Form()); });
+  }
 
   void Expect_Message(std::size_t i, const std::string& prompt, int style, const std::string& title) {
     ASSERT_EQ(platform.Messages.size(), i + 1);
@@ -111,11 +117,16 @@ TEST_F(Edit_Test, OpensOnARecordWithItsFieldsAndDisablesTheMainWindow) {
   EXPECT_EQ(form.Top, (platform.Screen_Twips.Height - form.Height) / 3);
   EXPECT_GT(form.Width, 4185);
   EXPECT_GT(form.Height, 3285);
-  const std::pair<std::string, std::string> texts[] = {
-      {form.F_1.Caption, "Select byte"}, {form.F_2.Caption, "Current"}, {form.L_1.Caption, "Hex"},
-      {form.L_2.Caption, "Dec"}, {form.F_3.Caption, "Encode number as"}, {form.O_2.Caption, "&Word (Max. 65535)"},
-      {form.O_1.Caption, "&Byte (255)"}, {form.ComApply.Caption, "&Overwrite"}, {form.ComOK.Caption, "&Apply"},
-      {form.ComCl.Caption, "Cancel"}};
+  const std::pair<std::string, std::string> texts[] = {{form.F_1.Caption, "Select byte"},
+                                                       {form.F_2.Caption, "Current"},
+                                                       {form.L_1.Caption, "Hex"},
+                                                       {form.L_2.Caption, "Dec"},
+                                                       {form.F_3.Caption, "Encode number as"},
+                                                       {form.O_2.Caption, "&Word (Max. 65535)"},
+                                                       {form.O_1.Caption, "&Byte (255)"},
+                                                       {form.ComApply.Caption, "&Overwrite"},
+                                                       {form.ComOK.Caption, "&Apply"},
+                                                       {form.ComCl.Caption, "Cancel"}};
   for (const auto& [actual, expected] : texts) EXPECT_EQ(actual, expected);
 }
 
@@ -171,10 +182,16 @@ TEST_F(Edit_Test, EncodingBeepsForAByteOverItsLimitOnly) {
     EXPECT_EQ(Form().Txt_1.SelStart, 0) << text;
     EXPECT_EQ(Form().Txt_1.SelLength, length) << text;
   }
-  const struct { std::string Input, As_Byte, As_Word; int Byte_Beeps, Word_Beeps; } rows[] = {
-      {"255", "FF", "FF 00", 0, 0}, {"256", "", "00 01", 1, 0}, {"65536", "", "", 1, 0}, {"2e2", "C8", "C8 00", 0, 0},
-      {std::string(308, '9'), "", "", 1, 0},  // the longest whole part that is still a number
-      {std::string(400, '0') + "12", "0C", "0C 00", 0, 0}, {"", "77", "77", 1, 1}};
+  const struct {
+    std::string Input, As_Byte, As_Word;
+    int Byte_Beeps, Word_Beeps;
+  } rows[] = {{"255", "FF", "FF 00", 0, 0},
+              {"256", "", "00 01", 1, 0},
+              {"65536", "", "", 1, 0},
+              {"2e2", "C8", "C8 00", 0, 0},
+              {std::string(308, '9'), "", "", 1, 0},  // the longest whole part that is still a number
+              {std::string(400, '0') + "12", "0C", "0C 00", 0, 0},
+              {"", "77", "77", 1, 1}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.Input.substr(0, 12));
     for (const bool word : {false, true}) {
@@ -248,9 +265,16 @@ TEST_F(Edit_Test, OverwriteWritesExactlyTheFieldsBytesOfTheCopyAndApplyCarriesTh
   Show(Standard_File(), 20);
   const std::string cells = Cells_Text(window);
   Open_Edit();
-  const struct { const char *Item, *Number; bool Word; int First; const char* Hex; } rows[] = {
-      {"Bytes 01-02", "512", true, 1, "00 02"}, {"Bytes 27-28", "65535", true, 27, "FF FF"},
-      {"Byte 09", "255", false, 9, "FF"}, {"Byte 29", "44", false, 29, "2C"}, {"Byte 32", "1", false, 32, "01"}};
+  const struct {
+    const char *Item, *Number;
+    bool Word;
+    int First;
+    const char* Hex;
+  } rows[] = {{"Bytes 01-02", "512", true, 1, "00 02"},
+              {"Bytes 27-28", "65535", true, 27, "FF FF"},
+              {"Byte 09", "255", false, 9, "FF"},
+              {"Byte 29", "44", false, 29, "2C"},
+              {"Byte 32", "1", false, 32, "01"}};
   for (const auto& row : rows) {
     auto expected = Form().New_Bytes;
     expected[static_cast<std::size_t>(row.First - 1)] = std::string(row.Hex, 2);

@@ -79,7 +79,7 @@ TEST_P(Examples_Test, ReadsAsWritten) {
   EXPECT_EQ(window.L_Info_User.Caption, GetParam() == Buka ? "Record no exist" : "Bad record");
   Event([&] { nCurrent_Click(window); });
   EXPECT_EQ(platform.Messages.back().Prompt, GetParam() == Buka ? "Type: Агония Власти. Records exist: 10 "
-                                                                  : "Type: JA2-eng. & UB-any ver. Records exist: 10 ");
+                                                                : "Type: JA2-eng. & UB-any ver. Records exist: 10 ");
 }
 
 // Every message that a record names is in the speech file and has a text.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "store/image.h"
 #include "store/file_commands.h"
+#include "store/image.h"
 #include "support/fixture.h"
 #include "ui/byte_grid.h"
 #include "ui/navigation.h"

@@ -57,18 +57,30 @@ TEST_F(Window_Test, EveryMenuItemHasItsCaptionShortcutAndStartState) {
     bool enabled;
   };
   const Row rows[] = {
-      {"nFile", "&File", "", true},          {"nOpen", "Open...", "Ctrl+O", true},
-      {"nNew", "New", "Ctrl+N", true},       {"nSave", "Save", "Ctrl+S", false},
-      {"nSaveas", "Save as", "Ctrl+L", false}, {"n1", "-", "", true},
-      {"nExit", "Exit", "Ctrl+X", true},     {"nView", "&View", "", true},
-      {"nKey_2", "Show Action codes", "Ctrl+F1", true}, {"nKey_1", "Show Input codes", "Ctrl+F2", true},
-      {"nItem", "Show Items", "Ctrl+F3", true}, {"nNPC_Names", "Show NPC Names", "Ctrl+F4", true},
-      {"nQests", "Show Quests(give)", "Ctrl+F5", true}, {"nQuests", "Show Quests(take)", "Ctrl+F6", true},
-      {"nTrigers", "Show Trigers", "Ctrl+F7", true}, {"nTools", "&Tools", "", true},
-      {"nEdit", "Edit", "Ctrl+E", false},    {"nType", "Type", "", true},
-      {"nCurrent", "Current", "F1", true},   {"nChaing", "Change", "F2", true},
-      {"nRecord", "&Record", "", true},      {"nNext", "Next\t+", "", true},
-      {"nBack", "Back\t-", "", true},        {"nAbout", "&About", "", true},
+      {"nFile", "&File", "", true},
+      {"nOpen", "Open...", "Ctrl+O", true},
+      {"nNew", "New", "Ctrl+N", true},
+      {"nSave", "Save", "Ctrl+S", false},
+      {"nSaveas", "Save as", "Ctrl+L", false},
+      {"n1", "-", "", true},
+      {"nExit", "Exit", "Ctrl+X", true},
+      {"nView", "&View", "", true},
+      {"nKey_2", "Show Action codes", "Ctrl+F1", true},
+      {"nKey_1", "Show Input codes", "Ctrl+F2", true},
+      {"nItem", "Show Items", "Ctrl+F3", true},
+      {"nNPC_Names", "Show NPC Names", "Ctrl+F4", true},
+      {"nQests", "Show Quests(give)", "Ctrl+F5", true},
+      {"nQuests", "Show Quests(take)", "Ctrl+F6", true},
+      {"nTrigers", "Show Trigers", "Ctrl+F7", true},
+      {"nTools", "&Tools", "", true},
+      {"nEdit", "Edit", "Ctrl+E", false},
+      {"nType", "Type", "", true},
+      {"nCurrent", "Current", "F1", true},
+      {"nChaing", "Change", "F2", true},
+      {"nRecord", "&Record", "", true},
+      {"nNext", "Next\t+", "", true},
+      {"nBack", "Back\t-", "", true},
+      {"nAbout", "&About", "", true},
   };
   const auto menu = layout::Main_Menu();
   ASSERT_EQ(menu.size(), std::size(rows));
@@ -81,10 +93,11 @@ TEST_F(Window_Test, EveryMenuItemHasItsCaptionShortcutAndStartState) {
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(item->Caption, row.caption);
     EXPECT_EQ(item->Enabled, row.enabled);
-    const bool command = !menu[i].Caption.empty() && menu[i].Caption != "-" &&
-                         std::none_of(menu.begin(), menu.end(), [&](const Menu_Entry& e) { return e.Parent == menu[i].Name; });
-    EXPECT_EQ(Menu_Click_Handler(row.name) != nullptr, command || row.name == std::string("nNext") ||
-                                                           row.name == std::string("nBack"));
+    const bool command =
+        !menu[i].Caption.empty() && menu[i].Caption != "-" &&
+        std::none_of(menu.begin(), menu.end(), [&](const Menu_Entry& e) { return e.Parent == menu[i].Name; });
+    EXPECT_EQ(Menu_Click_Handler(row.name) != nullptr,
+              command || row.name == std::string("nNext") || row.name == std::string("nBack"));
   }
 }
 

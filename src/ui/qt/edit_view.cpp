@@ -150,8 +150,9 @@ void Edit_View::Render() {
   if (!form_) return;
   Edit_Form& f = *form_;
   Set_If_Changed(rendered_.caption, f.Caption, [&](const std::string& t) { setWindowTitle(Q(t)); });
-  for (auto [widget, model, cache] : {std::tuple{f_1_, &f.F_1, &rendered_.f_1}, std::tuple{f_2_, &f.F_2, &rendered_.f_2},
-                                      std::tuple{f_3_, &f.F_3, &rendered_.f_3}})
+  for (auto [widget, model, cache] :
+       {std::tuple{f_1_, &f.F_1, &rendered_.f_1}, std::tuple{f_2_, &f.F_2, &rendered_.f_2},
+        std::tuple{f_3_, &f.F_3, &rendered_.f_3}})
     Set_If_Changed(*cache, model->Caption, [&](const std::string& t) { widget->setTitle(Q(t)); });
   l_1_.Render(f.L_1);
   l_h_.Render(f.L_H);
@@ -163,7 +164,8 @@ void Edit_View::Render() {
     txt_1_->setText(Q(t));
   });
   Set_If_Changed(rendered_.txt_4, f.Txt_4.Text, [&](const std::string& t) { txt_4_->setText(Q(t)); });
-  for (auto [widget, model, cache] : {std::tuple{o_1_, &f.O_1, &rendered_.o_1}, std::tuple{o_2_, &f.O_2, &rendered_.o_2}}) {
+  for (auto [widget, model, cache] :
+       {std::tuple{o_1_, &f.O_1, &rendered_.o_1}, std::tuple{o_2_, &f.O_2, &rendered_.o_2}}) {
     Set_If_Changed(*cache, model->Caption, [&](const std::string& t) { widget->setText(Q(t)); });
     // A click checks the widget before the logic decides, so the widget is what is compared.
     if (widget->isChecked() != model->Value) {
@@ -171,9 +173,9 @@ void Edit_View::Render() {
       widget->setChecked(model->Value);
     }
   }
-  for (auto [widget, model, cache] : {std::tuple{com_apply_, &f.ComApply, &rendered_.com_apply},
-                                      std::tuple{com_ok_, &f.ComOK, &rendered_.com_ok},
-                                      std::tuple{com_cl_, &f.ComCl, &rendered_.com_cl}}) {
+  for (auto [widget, model, cache] :
+       {std::tuple{com_apply_, &f.ComApply, &rendered_.com_apply}, std::tuple{com_ok_, &f.ComOK, &rendered_.com_ok},
+        std::tuple{com_cl_, &f.ComCl, &rendered_.com_cl}}) {
     Set_If_Changed(cache->caption, model->Caption, [&](const std::string& t) { widget->setText(Q(t)); });
     Set_If_Changed(cache->enabled, model->Enabled, [&](bool on) { widget->setEnabled(on); });
   }

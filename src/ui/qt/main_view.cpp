@@ -18,13 +18,13 @@
 
 #include <tuple>
 
+#include "speech/speech.h"
 #include "ui/byte_grid.h"
 #include "ui/layout.h"
 #include "ui/navigation.h"
 #include "ui/qt/about_view.h"
 #include "ui/qt/edit_view.h"
 #include "ui/reference_lists.h"
-#include "speech/speech.h"
 #include "ui/shell.h"
 
 namespace qtview {
@@ -108,7 +108,8 @@ void Main_View::Build_Controls() {
   slider_->setAccessibleName("Record");
   slider_->setMouseTracking(true);
   mouse_move_[slider_] = "Slider";
-  connect(slider_, &QSlider::valueChanged, this, [this](int value) { Dispatch([&] { Slider_Set_Value(model_, value); }); });
+  connect(slider_, &QSlider::valueChanged, this,
+          [this](int value) { Dispatch([&] { Slider_Set_Value(model_, value); }); });
 
   Make_Label("L_Info_Line", &l_info_line_);
   Make_Label("L_NLine", &l_nline_)->setAlignment(Qt::AlignRight | Qt::AlignTop);
@@ -175,7 +176,8 @@ void Main_View::Build_Controls() {
   Make_Label("L_Fix_1", &l_fix_1_);
   Make_Label("L_Message", &l_message_);
 
-  for (auto [name, button, handler] : {std::tuple{"Com1", &com1_, &Com1_Click}, std::tuple{"Com2", &com2_, &Com2_Click}}) {
+  for (auto [name, button, handler] :
+       {std::tuple{"Com1", &com1_, &Com1_Click}, std::tuple{"Com2", &com2_, &Com2_Click}}) {
     *button = new QPushButton(client_);
     Place(*button, Main_Geometry(name));
     (*button)->setMouseTracking(true);
@@ -223,7 +225,8 @@ void Main_View::Build_Menus() {
     } else {
       action = entry.Parent.empty() ? menuBar()->addAction(QString()) : menus.at(entry.Parent)->addAction(QString());
       if (!entry.Shortcut.empty())
-        action->setShortcut(QKeySequence(QString::fromUtf8(entry.Shortcut.data(), static_cast<qsizetype>(entry.Shortcut.size()))));
+        action->setShortcut(
+            QKeySequence(QString::fromUtf8(entry.Shortcut.data(), static_cast<qsizetype>(entry.Shortcut.size()))));
       if (Main_Handler handler = Menu_Click_Handler(entry.Name))
         connect(action, &QAction::triggered, this, [this, handler] { Dispatch([&] { handler(model_); }); });
     }
@@ -267,7 +270,8 @@ void Main_View::Render() {
     check_->setChecked(value == 1);
   });
   Set_If_Changed(rendered_.check_enabled, model_.Check.Enabled, [&](bool on) { check_->setEnabled(on); });
-  for (auto [widget, model, cache] : {std::tuple{com1_, &model_.Com1, &rendered_.com1}, std::tuple{com2_, &model_.Com2, &rendered_.com2}}) {
+  for (auto [widget, model, cache] :
+       {std::tuple{com1_, &model_.Com1, &rendered_.com1}, std::tuple{com2_, &model_.Com2, &rendered_.com2}}) {
     Set_If_Changed(cache->caption, model->Caption, [&](const std::string& t) { widget->setText(Q(t)); });
     Set_If_Changed(cache->enabled, model->Enabled, [&](bool on) { widget->setEnabled(on); });
   }
@@ -277,7 +281,8 @@ void Main_View::Render() {
       sbar_[i]->setText(Q(t));
       sbar_[i]->setAccessibleName(Q(t));
     });
-    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText, [&](const std::string& t) { sbar_[i]->setToolTip(Q(t)); });
+    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText,
+                   [&](const std::string& t) { sbar_[i]->setToolTip(Q(t)); });
   }
   Set_If_Changed(rendered_.txt_free, model_.Txt_Free.Text, [&](const std::string& t) {
     const QSignalBlocker block(txt_free_);

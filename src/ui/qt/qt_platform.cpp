@@ -28,11 +28,20 @@ int Qt_Platform::MsgBox(const std::string& prompt, int style, const std::string&
   box.setWindowTitle(Q(title));
   box.setText(Q(prompt).replace("\r\n", "\n"));
   switch (style & 0xF0) {
-    case msgbox::Critical: box.setIcon(QMessageBox::Critical); break;
-    case 32: box.setIcon(QMessageBox::Question); break;
-    case msgbox::Warning: box.setIcon(QMessageBox::Warning); break;
-    case msgbox::Information: box.setIcon(QMessageBox::Information); break;
-    default: break;
+    case msgbox::Critical:
+      box.setIcon(QMessageBox::Critical);
+      break;
+    case 32:
+      box.setIcon(QMessageBox::Question);
+      break;
+    case msgbox::Warning:
+      box.setIcon(QMessageBox::Warning);
+      break;
+    case msgbox::Information:
+      box.setIcon(QMessageBox::Information);
+      break;
+    default:
+      break;
   }
   if ((style & 0x0F) == 3) {
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
@@ -42,10 +51,14 @@ int Qt_Platform::MsgBox(const std::string& prompt, int style, const std::string&
     box.setStandardButtons(QMessageBox::Ok);
   }
   switch (box.exec()) {
-    case QMessageBox::Yes: return msgbox::Yes;
-    case QMessageBox::No: return msgbox::No;
-    case QMessageBox::Cancel: return msgbox::Cancel;
-    default: return msgbox::OK;
+    case QMessageBox::Yes:
+      return msgbox::Yes;
+    case QMessageBox::No:
+      return msgbox::No;
+    case QMessageBox::Cancel:
+      return msgbox::Cancel;
+    default:
+      return msgbox::OK;
   }
 }
 

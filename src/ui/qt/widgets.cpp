@@ -22,13 +22,18 @@ QColor Colour(std::int32_t value) {
   const auto bits = static_cast<std::uint32_t>(value);
   if (bits & 0x80000000u) {
     switch (bits & 0xFFu) {
-      case 2: return palette.color(QPalette::Active, QPalette::Highlight);  // active title bar
-      case 5: return palette.color(QPalette::Base);                        // window background
-      case 22: return palette.color(QPalette::Midlight);                   // 3D light
-      default: return palette.color(QPalette::Window);                     // button face, borders
+      case 2:
+        return palette.color(QPalette::Active, QPalette::Highlight);  // active title bar
+      case 5:
+        return palette.color(QPalette::Base);  // window background
+      case 22:
+        return palette.color(QPalette::Midlight);  // 3D light
+      default:
+        return palette.color(QPalette::Window);  // button face, borders
     }
   }
-  return QColor(static_cast<int>(bits & 0xFF), static_cast<int>((bits >> 8) & 0xFF), static_cast<int>((bits >> 16) & 0xFF));
+  return QColor(static_cast<int>(bits & 0xFF), static_cast<int>((bits >> 8) & 0xFF),
+                static_cast<int>((bits >> 16) & 0xFF));
 }
 
 QColor Text_Colour(std::int32_t back) {
