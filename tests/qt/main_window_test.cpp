@@ -281,17 +281,6 @@ class Main_Window_Test : public QObject {
     QVERIFY(!model_->About);
   }
 
-  void file_dialog_filters_become_description_and_pattern_pairs() {
-    QCOMPARE(qtview::Name_Filters("*.npc|*.npc|все файлы (*.*)|*.*"),
-             QStringList({"*.npc (*.npc)", "все файлы (*.*) (*.*)"}));
-    const QStringList speech = qtview::Name_Filters(
-        "Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|(<Civ+2num>.edt or <Sector>.edt)|*.edt|"
-        "Комменнтарии НПЦ (<D_+3num>.edt)|*.edt");
-    QCOMPARE(speech.size(), 4);
-    QCOMPARE(speech[1], QString("Диалоги гражданских (*edt)"));
-    QCOMPARE(speech[3], QString("Комменнтарии НПЦ (<D_+3num>.edt) (*.edt)"));
-  }
-
   void texts_on_show_are_exposed_to_screen_readers() {
     Open_Standard_File();
     Named<QSlider>(view_.get(), "Slider")->setValue(3);

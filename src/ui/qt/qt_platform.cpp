@@ -13,11 +13,26 @@
 
 namespace qtview {
 
-QStringList Name_Filters(const std::string& filter) {
+std::vector<Filter_Entry> Filter_Entries(const std::string& filter) {
   const QStringList parts = Q(filter).split('|');
+  std::vector<Filter_Entry> entries;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) entries.push_back({parts[i], parts[i + 1]});
+  return entries;
+}
+
+QStringList Name_Filters(const std::vector<Filter_Entry>& entries) {
   QStringList filters;
-  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i] + " (" + parts[i + 1] + ")";
+  for (const Filter_Entry& entry : entries) filters << entry.Description + " (" + entry.Pattern + ")";
   return filters;
+}
+
+int Chosen_Entry(const std::vector<Filter_Entry>& entries, const QString& chosen) {
+  const QStringList filters = Name_Filters(entries);
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    if (filters[static_cast<qsizetype>(i)] == chosen) return static_cast<int>(i) + 1;
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    if (entries[i].Description == chosen) return static_cast<int>(i) + 1;
+  return 0;
 }
 
 QWidget* Qt_Platform::Parent() const { return Dialog_Parent ? Dialog_Parent() : QApplication::activeWindow(); }
@@ -72,7 +87,8 @@ bool Qt_Platform::Show_File_Dialog(Common_Dialog& cd, bool save) {
   constexpr int ask_before_overwrite = 0x2;
   dialog.setFileMode(cd.Flags & file_must_exist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !(cd.Flags & ask_before_overwrite));
-  const QStringList filters = Name_Filters(cd.Filter);
+  const std::vector<Filter_Entry> entries = Filter_Entries(cd.Filter);
+  const QStringList filters = Name_Filters(entries);
   dialog.setNameFilters(filters);
   if (cd.FilterIndex >= 1 && cd.FilterIndex <= filters.size()) dialog.selectNameFilter(filters[cd.FilterIndex - 1]);
   if (!cd.FileName.empty()) dialog.selectFile(Q(cd.FileName));
@@ -80,8 +96,7 @@ bool Qt_Platform::Show_File_Dialog(Common_Dialog& cd, bool save) {
   const QString path = dialog.selectedFiles().first();
   cd.FileName = path.toStdString();
   cd.FileTitle = QFileInfo(path).fileName().toStdString();
-  const qsizetype index = filters.indexOf(dialog.selectedNameFilter());
-  if (index >= 0) cd.FilterIndex = static_cast<int>(index) + 1;
+  if (const int chosen = Chosen_Entry(entries, dialog.selectedNameFilter())) cd.FilterIndex = chosen;
   return true;
 }
 

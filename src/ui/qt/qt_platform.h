@@ -4,6 +4,8 @@
 #include <QStringList>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "ui/platform.h"
 
@@ -11,8 +13,19 @@ class QWidget;
 
 namespace qtview {
 
-// "desc|pattern|desc|pattern" as the file dialog's name filters, "desc (pattern)" each.
-QStringList Name_Filters(const std::string& filter);
+// One entry of a file dialog's list of types.
+struct Filter_Entry {
+  QString Description;
+  QString Pattern;
+};
+// The entries of a Filter, "description|pattern|description|pattern".
+std::vector<Filter_Entry> Filter_Entries(const std::string& filter);
+// The entries as the toolkit's name filters, "description (pattern)" each.
+QStringList Name_Filters(const std::vector<Filter_Entry>& entries);
+// The 1-based index of the entry that the dialog reports as chosen, 0 for none. The toolkit
+// reports an entry whole or, when it hides the patterns, by its description alone; patterns
+// repeat from entry to entry ("*.edt" three times), descriptions don't.
+int Chosen_Entry(const std::vector<Filter_Entry>& entries, const QString& chosen);
 
 class Qt_Platform : public Platform {
  public:
