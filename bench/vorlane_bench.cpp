@@ -28,11 +28,11 @@
 #include <vector>
 
 #include "bench_files.h"
-#include "bench_platform.h"
 #include "fields/field_map.h"
 #include "speech/speech.h"
 #include "store/file_commands.h"
 #include "store/type_report.h"
+#include "support/scripted_platform.h"
 #include "ui/byte_grid.h"
 #include "ui/events.h"
 #include "ui/navigation.h"
@@ -71,10 +71,11 @@ constexpr int Other_Record = 6;
 // --- The main window, logic only --------------------------------------------------------------
 
 struct Logic_Window {
-  Logic_Platform platform;
+  Scripted_Platform platform;
   Vorlane window{platform};
 
   Logic_Window() {
+    platform.Quiet = true;
     Form_Load(window);
     Open();
     Event([&] { Slider_Set_Value(window, Shown_Record); });
@@ -84,11 +85,11 @@ struct Logic_Window {
     Fire(window, std::forward<Handler>(handler));
   }
   void Open() {
-    platform.Picks.push_back({Files().npc});
+    platform.Picks.push_back(Dialog_Pick{Files().npc});
     Event([&] { FileOpen(window); });
   }
   void Speech_On() {
-    platform.Picks.push_back({Files().edt, 1});
+    platform.Picks.push_back(Dialog_Pick{Files().edt, 1});
     Event([&] { Check_Set_Value(window, 1); });
   }
 };
@@ -116,19 +117,21 @@ void Repaint_Now() {
 }
 
 struct Qt_Window {
-  Bench_Platform<qtview::Qt_Platform> platform;
+  qtview::Qt_Platform system;
+  Scripted_Platform platform{&system};
   Vorlane model{platform};
-  qtview::Main_View view{model, platform};
+  qtview::Main_View view{model, system};
   Paint_Counter paints;
 
   Qt_Window() {
+    platform.Quiet = true;
     view.Start();
     view.show();
     while (!view.windowHandle() || !view.windowHandle()->isExposed()) QCoreApplication::processEvents();
     Repaint_Now();
     for (QWidget* widget : view.findChildren<QWidget*>()) widget->installEventFilter(&paints);
     view.installEventFilter(&paints);
-    platform.Picks.push_back({Files().npc});
+    platform.Picks.push_back(Dialog_Pick{Files().npc});
     Event([&] { FileOpen(model); });
     Event([&] { Slider_Set_Value(model, Shown_Record); });
   }
@@ -142,7 +145,7 @@ struct Qt_Window {
     return paints.Paints > before;
   }
   void Speech_On() {
-    platform.Picks.push_back({Files().edt, 1});
+    platform.Picks.push_back(Dialog_Pick{Files().edt, 1});
     Event([&] { Check_Set_Value(model, 1); });
   }
 };
@@ -313,7 +316,7 @@ void Register_Files() {
   });
   Add("save (join + write + flush)/logic", 1 * Milliseconds, [](benchmark::State& state) {
     Logic_Window w;
-    w.platform.Picks.push_back({Files().save});
+    w.platform.Picks.push_back(Dialog_Pick{Files().save});
     w.Event([&] { FileOpen(w.window); });
     w.Event([&] { Slider_Set_Value(w.window, Shown_Record); });
     for (auto _ : state) w.Event([&] { nSave_Click(w.window); });
@@ -323,8 +326,8 @@ void Register_Files() {
   Add("type conversion/logic", No_Budget, [](benchmark::State& state) {
     Logic_Window w;
     for (auto _ : state) {
-      w.platform.Picks.push_back({Files().convert});
-      w.platform.Picks.push_back({Files().converted, 1});
+      w.platform.Picks.push_back(Dialog_Pick{Files().convert});
+      w.platform.Picks.push_back(Dialog_Pick{Files().converted, 1});
       w.Event([&] { nChaing_Click(w.window); });
     }
     Expect(state, w.platform.Picks.empty() && std::filesystem::file_size(Files().converted) == 1600, "not converted");

@@ -154,10 +154,14 @@ Bytes Read(const std::filesystem::path& path) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const bool check = argc == 3 && std::string_view(argv[1]) == "--check";
-  if (argc != 2 && !check) {
-    std::fprintf(stderr, "usage: %s [--check] FOLDER\n", argv[0]);
-    return 2;
+  const std::string_view first = argc > 1 ? argv[1] : "";
+  const bool check = argc == 3 && first == "--check";
+  if ((argc != 2 && !check) || first == "--help" || first.empty()) {
+    std::fprintf(first == "--help" ? stdout : stderr,
+                 "usage: vorlane_make_examples [--check] FOLDER\n"
+                 "Writes 078.npc, buka/078.npc and 078.edt into FOLDER, or with --check tells whether the\n"
+                 "files there are what it writes.\n");
+    return first == "--help" ? 0 : 2;
   }
   const std::filesystem::path folder = argv[argc - 1];
   const Bytes standard = Standard_File();

@@ -15,6 +15,7 @@
 #include <map>
 #include <regex>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -34,6 +35,12 @@ int Fail(const char* what) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  if (argc == 2 && std::string_view(argv[1]) == "--help") {
+    std::puts(
+        "usage: vorlane_render_icon SVG PNG SIZE\nPaints the SVG drawing of rectangles as a PNG of SIZE x SIZE "
+        "pixels.");
+    return 0;
+  }
   if (argc != 4) return Fail("usage: vorlane_render_icon SVG PNG SIZE");
   std::ifstream in(argv[1]);
   const std::string svg((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());

@@ -5,14 +5,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QPixmap>
-#include <QTimer>
 
-#include <deque>
-#include <optional>
+#include <cstdio>
+#include <string_view>
 
 #include "fields/field_map.h"
 #include "speech/speech.h"
 #include "store/file_commands.h"
+#include "support/scripted_platform.h"
 #include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
@@ -22,47 +22,37 @@
 
 namespace {
 
-// The Qt platform, but the file dialogs take their answers from a list.
-class Scripted_Dialogs : public qtview::Qt_Platform {
- public:
-  std::deque<std::pair<std::string, int>> Picks;
-  bool ShowOpen(Common_Dialog& cd) override { return Take(cd); }
-  bool ShowSave(Common_Dialog& cd) override { return Take(cd); }
-
- private:
-  bool Take(Common_Dialog& cd) {
-    if (Picks.empty()) return false;
-    cd.FileName = Picks.front().first;
-    cd.FileTitle = QFileInfo(QString::fromStdString(cd.FileName)).fileName().toStdString();
-    if (Picks.front().second) cd.FilterIndex = Picks.front().second;
-    Picks.pop_front();
-    return true;
-  }
-};
-
 void Save(QWidget* widget, const QString& path) { widget->grab().save(path); }
 
 }  // namespace
 
-#include <QFileInfo>
-
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
-  if (argc < 2) return 2;
+  const std::string_view first = argc > 1 ? argv[1] : "";
+  if (argc < 2 || first == "--help") {
+    std::fprintf(first == "--help" ? stdout : stderr,
+                 "usage: vorlane_screenshot OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]\n"
+                 "Saves pictures of the windows into OUT_DIR: main.png and about.png; with an NPC file also\n"
+                 "record.png and edit.png, the record RECORD read with the field of byte cell CELL lit and,\n"
+                 "with a speech file, its line shown.\n");
+    return first == "--help" ? 0 : 2;
+  }
   const QString out = QString::fromLocal8Bit(argv[1]);
   QDir().mkpath(out);
-  Scripted_Dialogs platform;
+  qtview::Qt_Platform system;
+  Scripted_Platform platform(&system);
+  platform.Quiet = true;
   Vorlane model(platform);
-  qtview::Main_View window(model, platform);
+  qtview::Main_View window(model, system);
   window.Start();
   window.show();
   QApplication::processEvents();
   Save(&window, out + "/main.png");
   if (argc >= 3) {
-    platform.Picks.push_back({argv[2], 0});
+    platform.Picks.push_back(Dialog_Pick{argv[2]});
     window.Dispatch([&] { nOpen_Click(model); });
     if (argc >= 6) {
-      platform.Picks.push_back({argv[3], 1});
+      platform.Picks.push_back(Dialog_Pick{argv[3], 1});
       window.Dispatch([&] { Check_Set_Value(model, 1); });
       window.Dispatch([&] { Slider_Set_Value(model, std::atoi(argv[4])); });
       window.Dispatch([&] { L_MouseMove(model, std::atoi(argv[5])); });

@@ -13,15 +13,15 @@ namespace {
 enum class Layout { Paragraph, Lines };
 
 struct Help_Row {
-  std::string_view caption;
-  std::string_view kind;  // tail of the head line
-  Layout layout;
-  std::string_view body;
+  std::string_view Caption;
+  std::string_view Kind;  // tail of the head line
+  Layout Shape;
+  std::string_view Body;
 };
 
-constexpr std::string_view kBreak = "\r\n";
+constexpr std::string_view Line_Break = "\r\n";
 
-constexpr std::array<Help_Row, 21> kHelpRows{{
+constexpr std::array<Help_Row, 21> Help_Rows{{
     {"Bytes 01-02", " as WORD", Layout::Lines,
      "Значение этого слова (2 байта) имеет три возможных значения: 0000, 0200, 0400 и определяет как сработает "
      "запись.\r\n"
@@ -102,15 +102,15 @@ constexpr std::array<Help_Row, 21> kHelpRows{{
 }};
 
 // The texts are built once: the grid asks on every mouse move.
-const std::array<std::string, kHelpRows.size()>& Help_Texts() {
+const std::array<std::string, Help_Rows.size()>& Help_Texts() {
   static const auto texts = [] {
-    std::array<std::string, kHelpRows.size()> built;
-    for (std::size_t i = 0; i < kHelpRows.size(); ++i) {
-      const Help_Row& row = kHelpRows[i];
+    std::array<std::string, Help_Rows.size()> built;
+    for (std::size_t i = 0; i < Help_Rows.size(); ++i) {
+      const Help_Row& row = Help_Rows[i];
       std::string& text = built[i];
-      text.append(row.caption).append(row.kind).append(kBreak);
-      if (row.layout == Layout::Paragraph) text.append(kBreak);
-      text.append(row.body);
+      text.append(row.Caption).append(row.Kind).append(Line_Break);
+      if (row.Shape == Layout::Paragraph) text.append(Line_Break);
+      text.append(row.Body);
     }
     return built;
   }();
@@ -120,8 +120,8 @@ const std::array<std::string, kHelpRows.size()>& Help_Texts() {
 }  // namespace
 
 void Position::Byte_Help(std::string& text) {
-  for (std::size_t i = 0; i < kHelpRows.size(); ++i) {
-    if (text == kHelpRows[i].caption) {
+  for (std::size_t i = 0; i < Help_Rows.size(); ++i) {
+    if (text == Help_Rows[i].Caption) {
       text = Help_Texts()[i];
       return;
     }

@@ -7,6 +7,7 @@
 #include "fields/field_map.h"
 #include "speech/speech.h"
 #include "store/convert.h"
+#include "store/image.h"
 #include "store/text.h"
 #include "ui/record_tests.h"
 #include "ui/vorlane.h"
@@ -77,13 +78,14 @@ std::string Trigger_Sentence(const Vorlane& vForm, Explainer explain, const char
                              const char* gap_behind_number) {
   if (Not_In_Use(vForm, explain)) return not_in_use;
   const Value v = Read_Word(vForm, explain);
-  if (v.number <= 499) return "Тригер №_" + v.text + " <" + Name_Of(Position::Trigger_Name, v) + "> " + verb;
+  if (v.number <= vocab::Last_Trigger)
+    return "Тригер №_" + v.text + " <" + Name_Of(Position::Trigger_Name, v) + "> " + verb;
   return "№_" + v.text + gap_behind_number + "слишком большое число! (всего 500 тригеров (0-499))";
 }
 
-// Bytes 9, 16 and 17 below 255: a quest number, 30 and up without a name.
+// Bytes 9, 16 and 17 below 255: a quest number, above the last quest without a name.
 std::string Quest_Sentence(const Value& v, Table names, const std::string& head, const std::string& tail) {
-  if (v.number < 30) return head + v.text + " <" + Name_Of(names, v) + ">" + tail;
+  if (v.number <= vocab::Last_Quest) return head + v.text + " <" + Name_Of(names, v) + ">" + tail;
   return "Квест №_" + v.text + " <?>";
 }
 
@@ -114,7 +116,7 @@ void Info_For_Bytes_1_2(Vorlane& vForm) {
 void Info_For_Bytes_3_4(Vorlane& vForm) {
   Explain(vForm, [&]() -> std::string {
     const Value v = Read_Word(vForm, Info_For_Bytes_3_4);
-    if (v.number > 350) return "№_" + v.text + "<?>";
+    if (v.number > vocab::Last_Item) return "№_" + v.text + "<?>";
     const std::string name = Name_Of(Position::Item_Name, v);
     if (name == Ignored_Item) return "№_" + v.text + " Запись не проверят наличия у НПЦ предметов";
     return "Предмет №_" + v.text + " <" + name + "> должен быть у НПЦ";
@@ -235,7 +237,8 @@ void Info_For_Byte_18(Vorlane& vForm) {
   Explain(vForm, [&]() -> std::string {
     const Value v = Read_Byte(vForm, Info_For_Byte_18);
     if (v.number == 255) return "Данная запись не передает управление";
-    if (v.number <= 169) return "Управление передается " + Name_Of(Position::Npc_Name, v) + " (№_#" + v.text + ")";
+    if (v.number <= vocab::Last_Npc)
+      return "Управление передается " + Name_Of(Position::Npc_Name, v) + " (№_#" + v.text + ")";
     return "Запись не передаст управление #" + v.text + " т.к. макс. № НПЦ -169 (см. Bynarydata\\Prof.dat)";
   });
 }
@@ -244,7 +247,7 @@ void Info_For_Byte_19(Vorlane& vForm) {
   Explain(vForm, [&]() -> std::string {
     const Value v = Read_Byte(vForm, Info_For_Byte_19);
     if (v.number == 255) return "Данная запись не передает управление";
-    if (v.number >= 50) return "№_" + v.text + " - файл может иметь максимум 50 записей по 32 байта (0-49)";
+    if (v.number >= image::Records) return "№_" + v.text + " - файл может иметь максимум 50 записей по 32 байта (0-49)";
     return "Управление передается на запись №_" + v.text + " (Record #" + std::to_string(v.number + 1) + ")";
   });
 }
@@ -268,7 +271,7 @@ void Info_For_Bytes_21_22(Vorlane& vForm) {
 void Info_For_Bytes_23_24(Vorlane& vForm) {
   Explain(vForm, [&]() -> std::string {
     const Value v = Read_Word(vForm, Info_For_Bytes_23_24);
-    if (v.number > 350) return "№_" + v.text + " <?>";
+    if (v.number > vocab::Last_Item) return "№_" + v.text + " <?>";
     const std::string name = Name_Of(Position::Item_Name, v);
     if (name == Ignored_Item) return "НПЦ не пердает игроку ни каких предметов";
     return "При выполнении всех условий предмет №_" + v.text + " <" + name + "> будет передан игроку ";

@@ -51,9 +51,7 @@ void Decode(Vorlane& vForm, const std::vector<std::uint8_t>& bytes, std::int16_t
 
 // The one failure road of the reader: the message, then the speech pane goes off.
 void Reading_Failed(Vorlane& vForm) {
-  std::string message = "6";
-  Position::Error_Text(message);
-  vForm.platform.MsgBox(message + "\r\n" + vForm.Edt_Path, msgbox::Critical, vForm.Error_Title);
+  Show_Error(vForm.platform, vForm.Work_Text, "6", msgbox::Critical, vForm.Error_Title, "\r\n" + vForm.Edt_Path);
   vForm.L_Edt.Caption.clear();
   vForm.L_Message.Caption = "0";
   Check_Set_Value(vForm, 0);

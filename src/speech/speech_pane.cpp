@@ -39,7 +39,7 @@ std::string Proposed_Name(Vorlane& vForm) {
 
 void Tick(Vorlane& vForm) {
   try {
-    vForm.CD.Flags = 4100;
+    vForm.CD.Flags = dialog_flag::Open;
     vForm.CD.FileName = Proposed_Name(vForm);
     vForm.CD.Filter = Edt_Filter;
     vForm.CD.FilterIndex = 1;

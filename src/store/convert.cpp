@@ -55,6 +55,12 @@ long Word_Value(const std::string& low, const std::string& high) {
   return static_cast<long>(Byte_Value(high)) * 256 + Byte_Value(low);
 }
 
+std::string Word_Pairs(long value) {
+  const long high = value / 256;
+  const long low = value - high * 256;
+  return Pair(static_cast<int>(low)) + " " + Pair(static_cast<int>(high));
+}
+
 namespace {
 
 // The encodings take whole numbers from 0 up; a fraction or a negative number counts as over the
@@ -70,11 +76,7 @@ std::string Encode_Byte(double number) {
 
 std::string Encode_Word(double number) {
   if (!Whole_Up_To(number, 65535)) return "";
-  if (number < 256) return Pair(static_cast<int>(number)) + " 00";
-  const long value = static_cast<long>(number);
-  const long high = value / 256;
-  const long low = value - high * 256;
-  return Pair(static_cast<int>(low)) + " " + Pair(static_cast<int>(high));
+  return Word_Pairs(static_cast<long>(number));
 }
 
 }  // namespace hex

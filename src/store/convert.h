@@ -24,6 +24,8 @@ std::string Pair(int value);
 int Byte_Value(std::string pair);
 // Two pairs in file order, low byte first, to the word's value 0 .. 65535.
 long Word_Value(const std::string& low, const std::string& high);
+// A word 0 .. 65535 as its two pairs in file order, low byte first: 300 -> "2C 01".
+std::string Word_Pairs(long value);
 
 // The editor's encodings of a whole number. Empty text when the number is over the limit,
 // negative or not whole.

@@ -1,5 +1,8 @@
 #include "store/error_text.h"
 
+#include "store/failure.h"
+#include "ui/platform.h"
+
 namespace Position {
 
 void Error_Text(std::string& text) {
@@ -24,3 +27,16 @@ void Error_Text(std::string& text) {
 }
 
 }  // namespace Position
+
+int Show_Error(Platform& platform, std::string& text, const char* code, int style, const std::string& title,
+               const std::string& suffix) {
+  text = code;
+  Position::Error_Text(text);
+  return platform.MsgBox(text + suffix, style, title);
+}
+
+void End_With_Error(std::string& text, const char* code, const std::string& title) {
+  text = code;
+  Position::Error_Text(text);
+  throw Fatal_Error{text, msgbox::Critical, title};
+}

@@ -14,9 +14,6 @@ struct Run_Time_Error : std::runtime_error {
 // raises it and the event dispatch catches it, so nothing behind it runs.
 struct Fatal_Error {
   std::string Text;
-  int Style = 16;
-  std::string Title = "ERROR";
+  int Style;
+  std::string Title;
 };
-
-// Thrown once the program has been told to end, so that the handler that asked stops at once.
-struct Program_Ended {};

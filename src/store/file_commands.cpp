@@ -3,6 +3,7 @@
 #include "store/error_text.h"
 #include "store/failure.h"
 #include "store/image.h"
+#include "store/npc_dialogs.h"
 #include "store/number.h"
 #include "store/text.h"
 #include "ui/navigation.h"
@@ -12,21 +13,11 @@
 
 namespace {
 
-const char* const Npc_Filter = "*.npc|*.npc|все файлы (*.*)|*.*";
-
-// A message of the program's error table, shown in a box with Error_Title.
-int Show_Error(Vorlane& vForm, const char* code, int style) {
-  vForm.Work_Text = code;
-  Position::Error_Text(vForm.Work_Text);
-  return vForm.platform.MsgBox(vForm.Work_Text, style, vForm.Error_Title);
-}
+// The first character whose file name gets the name beside it: files below are the player's own.
+constexpr int First_Named_File = 57;
 
 // The fatal road of the file logic: message "2", and the program ends.
-[[noreturn]] void Memory_Fault(Vorlane& vForm) {
-  vForm.Work_Text = "2";
-  Position::Error_Text(vForm.Work_Text);
-  throw Fatal_Error{vForm.Work_Text, 16, vForm.Error_Title};
-}
+[[noreturn]] void Memory_Fault(Vorlane& vForm) { End_With_Error(vForm.Work_Text, "2", vForm.Error_Title); }
 
 // Steps 7 to 9 of a load, shared by a new file.
 void Reset_Window_For_File(Vorlane& vForm) {
@@ -86,15 +77,11 @@ void FileOpen(Vorlane& vForm) {
   try {
     std::vector<std::uint8_t> bytes;
     for (;;) {
-      vForm.CD.Flags = 4100;
-      vForm.CD.FileName.clear();
-      vForm.CD.Filter = Npc_Filter;
-      vForm.CD.FilterIndex = 1;
-      vForm.CD.DialogTitle = "VORLANE - OPEN FILE...";
+      Set_Npc_Open(vForm.CD, "VORLANE - OPEN FILE...");
       if (!vForm.platform.ShowOpen(vForm.CD)) return;
       vForm.File_Path = vForm.CD.FileName;
       if (vForm.files.Length(vForm.File_Path) == static_cast<std::int64_t>(image::File_Size)) break;
-      Show_Error(vForm, "3", 48);
+      Show_Error(vForm.platform, vForm.Work_Text, "3", msgbox::Warning, vForm.Error_Title);
     }
     // The whole file is read before anything of the window changes: a file that can't be read
     // leaves the file on show as it was.
@@ -116,7 +103,7 @@ void GreatNewFile(Vorlane& vForm) {
     try {
       body();
     } catch (const Run_Time_Error&) {
-      Show_Error(vForm, "7", 16);
+      Show_Error(vForm.platform, vForm.Work_Text, "7", msgbox::Critical, vForm.Error_Title);
     }
   };
   step([&] { vForm.FileType.clear(); });
@@ -154,8 +141,8 @@ void ForSave(Vorlane& vForm) {
     return;
   }
   if (command == "save" && vForm.Work_Text == "!new!") {
-    vForm.platform.MsgBox("Файл " + vForm.Work_Text_2 + " не найден!\r\nВозможно он был удален или перемещен", 16,
-                          "ERROR");
+    vForm.platform.MsgBox("Файл " + vForm.Work_Text_2 + " не найден!\r\nВозможно он был удален или перемещен",
+                          msgbox::Critical, "ERROR");
   } else if (command != "save" && command != "saveas") {
     Memory_Fault(vForm);
   }
@@ -206,18 +193,12 @@ void Save(Vorlane& vForm) {
     vForm.files.Write(vForm.File_Path, image::Bytes_Of(vForm.HexImage));
     vForm.Work_Text = "SAVE$";
   } catch (const Run_Time_Error&) {
-    vForm.Work_Text = "8";
-    Position::Error_Text(vForm.Work_Text);
-    throw Fatal_Error{vForm.Work_Text, 16, vForm.Error_Title};
+    End_With_Error(vForm.Work_Text, "8", vForm.Error_Title);
   }
 }
 
 void SaveAs(Vorlane& vForm) {
-  vForm.CD.Flags = 6;
-  vForm.CD.Filter = Npc_Filter;
-  vForm.CD.DialogTitle = "VORLANE - SAVE AS...";
-  vForm.CD.FilterIndex = 1;
-  vForm.CD.FileName.clear();
+  Set_Npc_Save(vForm.CD);
   if (!vForm.platform.ShowSave(vForm.CD)) {
     vForm.Work_Text = "NOSAVE$";
     return;
@@ -228,7 +209,7 @@ void SaveAs(Vorlane& vForm) {
 
 void CorrectBar(Vorlane& vForm) {
   const auto number = number::Read_Long(text::Left(vForm.SBar_3.SimpleText, 3));
-  if (!number || *number < 57 || *number > 169) return;
+  if (!number || *number < First_Named_File || *number > vocab::Last_Npc) return;
   vForm.Work_Text = std::to_string(*number);
   Position::Npc_Name(vForm.Work_Text);
   vForm.SBar_3.SimpleText += " - " + vForm.Work_Text;

@@ -9,14 +9,8 @@
 
 namespace {
 
-// The one failure road of the image procedures: an internal fault ends the program.
-[[noreturn]] void Memory_Fault(Vorlane& vForm) {
-  vForm.Work_Text = "2";
-  Position::Error_Text(vForm.Work_Text);
-  throw Fatal_Error{vForm.Work_Text, 16, vForm.Error_Title};
-}
-
-// Runs an image procedure; any failure inside it takes the memory-fault road.
+// Runs an image procedure; any failure inside it takes the one failure road of the image
+// procedures: an internal fault, message 2, and the program ends.
 template <class Body>
 void Guarded(Vorlane& vForm, Body&& body) {
   try {
@@ -24,7 +18,7 @@ void Guarded(Vorlane& vForm, Body&& body) {
   } catch (const Fatal_Error&) {
     throw;
   } catch (const std::exception&) {
-    Memory_Fault(vForm);
+    End_With_Error(vForm.Work_Text, "2", vForm.Error_Title);
   }
 }
 

@@ -13,6 +13,7 @@ struct Vorlane;
 namespace image {
 
 constexpr std::size_t File_Size = 1600;
+constexpr int Records = 50;
 inline const std::string Buka_Mark = "39003500";
 
 // The bytes as hex text: two capitals a byte, leading zero kept.

@@ -7,16 +7,10 @@
 #include "store/error_text.h"
 #include "store/file_commands.h"
 #include "store/image.h"
+#include "store/npc_dialogs.h"
 #include "ui/vorlane.h"
 
 namespace {
-
-// A message of the program's error table.
-void Show_Error(Vorlane& vForm, const char* code, int style, const std::string& title) {
-  vForm.Work_Text = code;
-  Position::Error_Text(vForm.Work_Text);
-  vForm.platform.MsgBox(vForm.Work_Text, style, title);
-}
 
 // Whether the two paths name one file: the same file on disk, or the same text for a file that
 // is not there.
@@ -36,7 +30,7 @@ bool On_Show(const Vorlane& vForm, const std::string& path) {
 
 void nCurrent_Click(Vorlane& vForm) {
   if (vForm.SBar_3.SimpleText.empty()) {
-    Show_Error(vForm, "5", 64, "VORLANE");
+    Show_Error(vForm.platform, vForm.Work_Text, "5", msgbox::Information, "VORLANE");
     return;
   }
   try {
@@ -57,7 +51,7 @@ void nCurrent_Click(Vorlane& vForm) {
     vForm.platform.MsgBox("Type: " + type + " Records exist: " + std::to_string(count) + " " + remark, 64,
                           "FILE INFO:");
   } catch (const std::exception&) {
-    Show_Error(vForm, "6", 48, vForm.Error_Title);
+    Show_Error(vForm.platform, vForm.Work_Text, "6", msgbox::Warning, vForm.Error_Title);
   }
 }
 
@@ -66,15 +60,11 @@ void nChaing_Click(Vorlane& vForm) {
   // and status bars are never touched. Every failure, Cancel included, ends it without a word.
   try {
     auto& cd = vForm.CD;
-    cd.Flags = 4100;
-    cd.FileName.clear();
-    cd.Filter = "*.npc|*.npc|все файлы (*.*)|*.*";
-    cd.FilterIndex = 1;
-    cd.DialogTitle = "VORLANE - OPEN FILE FOR CHANGE";
+    Set_Npc_Open(cd, "VORLANE - OPEN FILE FOR CHANGE");
     if (!vForm.platform.ShowOpen(cd)) return;
     vForm.File_Path = cd.FileName;
     if (vForm.files.Length(vForm.File_Path) != static_cast<std::int64_t>(image::File_Size)) {
-      Show_Error(vForm, "3", 48, vForm.Error_Title);
+      Show_Error(vForm.platform, vForm.Work_Text, "3", msgbox::Warning, vForm.Error_Title);
       return;
     }
     vForm.Work_Text_2 = image::Hex_Text(vForm.files.Read(vForm.File_Path, 0, image::File_Size));
@@ -83,27 +73,19 @@ void nChaing_Click(Vorlane& vForm) {
 
     // The title names the type the file has; the list starts on the other one. FileName stays,
     // so the dialog proposes the file just opened.
-    cd.Flags = 6;
-    cd.Filter = "Buka:АВ|*.npc|Ja2:eng.,UB:eng.&rus.|*.npc";
-    if (buka) {
-      cd.DialogTitle = "VORLANE - CURRENT TYPE: BUKA: АВ. SAVE AS...";
-      cd.FilterIndex = 2;
-    } else {
-      cd.DialogTitle = "VORLANE - CURRENT TYPE: JA2:ENG.,UB:ENG.&RUS. SAVE AS...";
-      cd.FilterIndex = 1;
-    }
+    Set_Npc_Type(cd, buka);
     if (!vForm.platform.ShowSave(cd)) return;
     vForm.File_Path = cd.FileName;
 
     // 3192 characters: the 1596 bytes that stay, the mark put in front or taken away.
-    if (cd.FilterIndex == 1) {
+    if (cd.FilterIndex == npc_type::Buka) {
       if (buka) return;
       vForm.Work_Text_2 = image::Buka_Mark + vForm.Work_Text_2.substr(0, 3192);
-    } else if (cd.FilterIndex == 2) {
+    } else if (cd.FilterIndex == npc_type::Standard) {
       if (!buka) return;
       vForm.Work_Text_2 = vForm.Work_Text_2.substr(8, 3192) + "00000000";
     } else {
-      Show_Error(vForm, "4", 16, vForm.Error_Title);
+      Show_Error(vForm.platform, vForm.Work_Text, "4", msgbox::Critical, vForm.Error_Title);
       return;
     }
 

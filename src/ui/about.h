@@ -3,8 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <vector>
+#include <span>
 
 #include "ui/controls.h"
 
@@ -15,8 +14,8 @@ struct About_Form : Form_Window {
   Vorlane& Main;
 };
 
-// The picture of Img1: a GIF of 341 x 343 pixels with 8 colours.
-const std::vector<std::uint8_t>& About_Picture();
+// The picture of Img1, stored with the window: a GIF of 341 x 343 pixels with 8 colours.
+std::span<const std::uint8_t> About_Picture();
 
 // The region the window is cut to, in pixels from its top left corner: right and bottom
 // excluded, as the system's elliptic regions count them.

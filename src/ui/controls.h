@@ -102,6 +102,14 @@ struct Slider_Control {
 };
 
 // The common file dialog. Filter holds description|pattern pairs separated by "|".
+namespace dialog_flag {
+constexpr int Overwrite_Prompt = 0x2;
+constexpr int Hide_Read_Only = 0x4;
+constexpr int File_Must_Exist = 0x1000;
+constexpr int Open = File_Must_Exist | Hide_Read_Only;   // 4100
+constexpr int Save = Overwrite_Prompt | Hide_Read_Only;  // 6
+}  // namespace dialog_flag
+
 struct Common_Dialog {
   std::string FileName;
   std::string FileTitle;

@@ -15,7 +15,6 @@
 #include "store/text.h"
 #include "ui/layout.h"
 #include "ui/record_tests.h"
-#include "ui/shell.h"
 #include "ui/vorlane.h"
 
 namespace {
@@ -28,16 +27,13 @@ constexpr std::int32_t Frame_Down = (19 + 2 * 3) * layout::Twips_Per_Pixel;
 // A double has no room for a whole part of more digits than this.
 constexpr std::size_t Max_Whole_Digits = 308;
 
-const char* const Error_Title = "ERROR";
 const char* const Warning_Title = "EDIT";
 
 // The failure road of the window: the message of the code, then the window closes and the
 // working copy is lost. The form is gone afterwards; the caller must return at once.
 void Fail(Edit_Form& vForm, const char* code) {
   Vorlane& main = vForm.Main;
-  vForm.Edit_Text = code;
-  Position::Error_Text(vForm.Edit_Text);
-  main.platform.MsgBox(vForm.Edit_Text, msgbox::Critical, Error_Title);
+  Show_Error(main.platform, vForm.Edit_Text, code, msgbox::Critical, "ERROR");
   Unload_Edit(main);
 }
 

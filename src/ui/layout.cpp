@@ -1,6 +1,7 @@
 #include "ui/layout.h"
 
 #include <array>
+#include <cmath>
 
 namespace layout {
 namespace {
@@ -95,3 +96,14 @@ const Geometry* Find(std::span<const Geometry> table, std::string_view name) {
 std::span<const Menu_Entry> Main_Menu() { return main_menu; }
 
 }  // namespace layout
+
+namespace Position {
+
+void Place_Controls(Form_Window& vForm, const Screen_Size& screen) {
+  const auto top = static_cast<std::int32_t>(std::lround(static_cast<double>(screen.Height) - vForm.Height)) / 3;
+  const auto left = static_cast<std::int32_t>(std::lround(static_cast<double>(screen.Width) - vForm.Width)) / 2;
+  vForm.Left = left;
+  vForm.Top = top;
+}
+
+}  // namespace Position

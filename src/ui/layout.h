@@ -6,6 +6,9 @@
 #include <span>
 #include <string_view>
 
+#include "ui/controls.h"
+#include "ui/platform.h"
+
 struct Geometry {
   std::string_view Name;
   std::int32_t Left, Top, Width, Height;
@@ -53,3 +56,9 @@ struct Menu_Entry {
 namespace layout {
 std::span<const Menu_Entry> Main_Menu();
 }
+
+namespace Position {
+// Centres the window across the screen with a third of the free height above it, by the
+// window's outer size.
+void Place_Controls(Form_Window& vForm, const Screen_Size& screen);
+}  // namespace Position

@@ -28,7 +28,7 @@ void Fill(Vorlane& vForm, const Numbered_List& list) {
   vForm.List.Clear();
   if (list.Two_Bytes) vForm.platform.Mouse_Pointer(pointer::Hourglass);
   for (int n = 0; n <= list.Last; ++n) {
-    std::string bytes = list.Two_Bytes ? (n < 256 ? hex::Pair(n) + " 00" : hex::Pair(n - 256) + " 01") : hex::Pair(n);
+    const std::string bytes = list.Two_Bytes ? hex::Word_Pairs(n) : hex::Pair(n);
     std::string name = std::to_string(n);
     list.Name(name);
     if (list.Drop_Misses && text::Length(name) < 4) name.clear();
@@ -52,11 +52,11 @@ void Show_Selected_Line(Vorlane& vForm) {
 
 void nKey_1_Click(Vorlane& vForm) { Fill_Stored(vForm, vocab::Input_Code_Lines()); }
 void nKey_2_Click(Vorlane& vForm) { Fill_Stored(vForm, vocab::Action_Code_Lines()); }
-void nNPC_Names_Click(Vorlane& vForm) { Fill(vForm, {169, Position::Npc_Name, false, false}); }
-void nQests_Click(Vorlane& vForm) { Fill(vForm, {29, Position::Quest_Give_Name, false, false}); }
-void nQuests_Click(Vorlane& vForm) { Fill(vForm, {29, Position::Quest_Take_Name, false, false}); }
-void nItem_Click(Vorlane& vForm) { Fill(vForm, {350, Position::Item_Name, true, false}); }
-void nTrigers_Click(Vorlane& vForm) { Fill(vForm, {499, Position::Trigger_Name, true, true}); }
+void nNPC_Names_Click(Vorlane& vForm) { Fill(vForm, {vocab::Last_Npc, Position::Npc_Name, false, false}); }
+void nQests_Click(Vorlane& vForm) { Fill(vForm, {vocab::Last_Quest, Position::Quest_Give_Name, false, false}); }
+void nQuests_Click(Vorlane& vForm) { Fill(vForm, {vocab::Last_Quest, Position::Quest_Take_Name, false, false}); }
+void nItem_Click(Vorlane& vForm) { Fill(vForm, {vocab::Last_Item, Position::Item_Name, true, false}); }
+void nTrigers_Click(Vorlane& vForm) { Fill(vForm, {vocab::Last_Trigger, Position::Trigger_Name, true, true}); }
 
 void List_GotFocus(Vorlane& vForm) { Show_Selected_Line(vForm); }
 

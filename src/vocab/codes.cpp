@@ -11,7 +11,7 @@
 namespace {
 
 // Input_Code
-constexpr vocab::Row kActionRows[] = {
+constexpr vocab::Row Action_Rows[] = {
     {0, "Любое стандартное воздействие"},
     {1, "Игрок говорит дружески"},
     {2, "Игрок говорит прямо"},
@@ -23,10 +23,10 @@ constexpr vocab::Row kActionRows[] = {
     {14, "Игрок виден и НПЦ враждебен (НПЦ сам вступает в разговор)"},
     {19, "Игрок пытается говорить с НПЦ (дружеским) во время боя"},
 };
-static_assert(vocab::Rows_Ascending(kActionRows));
+static_assert(vocab::Rows_Ascending(Action_Rows));
 
 // Reaction_Code: byte 27 + 256 * byte 28
-constexpr vocab::Row kReactionRows[] = {
+constexpr vocab::Row Reaction_Rows[] = {
     {0, "Стандартная реакция на данное воздействие"},
     {1, "НПЦ возвращает предмет переданный наемником"},
     {4, "НПЦ вступает в отряд (бесплатно)"},
@@ -36,12 +36,12 @@ constexpr vocab::Row kReactionRows[] = {
     {24, "НПЦ прекращает разговор и диалоговое окно закрывается"},
     {65528, "НПЦ перемещается"},
 };
-static_assert(vocab::Rows_Ascending(kReactionRows));
+static_assert(vocab::Rows_Ascending(Reaction_Rows));
 
 }  // namespace
 
-void Position::Action_Name(std::string& text) { vocab::Look_Up(kActionRows, text); }
-void Position::Reaction_Name(std::string& text) { vocab::Look_Up(kReactionRows, text); }
+void Position::Action_Name(std::string& text) { vocab::Look_Up(Action_Rows, text); }
+void Position::Reaction_Name(std::string& text) { vocab::Look_Up(Reaction_Rows, text); }
 
 const std::vector<std::string>& vocab::Input_Code_Lines() {
   static const std::vector<std::string> lines{

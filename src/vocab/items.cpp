@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr vocab::Row kItemRows[] = {
+constexpr vocab::Row Item_Rows[] = {
     {0, "Игнорируется"},
     {1, "Глок 17"},
     {2, "Глок 18"},
@@ -361,8 +361,8 @@ constexpr vocab::Row kItemRows[] = {
     {349, "Имячко"},
     {350, "Имячко"},
 };
-static_assert(vocab::Rows_Ascending(kItemRows));
+static_assert(vocab::Rows_Cover(Item_Rows, vocab::Last_Item));
 
 }  // namespace
 
-void Position::Item_Name(std::string& text) { vocab::Look_Up(kItemRows, text); }
+void Position::Item_Name(std::string& text) { vocab::Look_Up(Item_Rows, text); }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr vocab::Row kNpcRows[] = {
+constexpr vocab::Row Npc_Rows[] = {
     {0, "Барри"},
     {1, "Блад"},
     {2, "Рысь"},
@@ -180,8 +180,8 @@ constexpr vocab::Row kNpcRows[] = {
     {168, ""},
     {169, ""},
 };
-static_assert(vocab::Rows_Ascending(kNpcRows));
+static_assert(vocab::Rows_Cover(Npc_Rows, vocab::Last_Npc));
 
 }  // namespace
 
-void Position::Npc_Name(std::string& text) { vocab::Look_Up(kNpcRows, text); }
+void Position::Npc_Name(std::string& text) { vocab::Look_Up(Npc_Rows, text); }

@@ -8,7 +8,7 @@
 namespace {
 
 // A quest the player receives.
-constexpr vocab::Row kGivenRows[] = {
+constexpr vocab::Row Given_Rows[] = {
     {0, "Доставить письмо Мигелю"},
     {1, "Повстанцам нужна провизия из Драссена"},
     {2, "Награда за головы терористов"},
@@ -40,10 +40,10 @@ constexpr vocab::Row kGivenRows[] = {
     {28, "No 28 Yet"},
     {29, "No 29 Yet"},
 };
-static_assert(vocab::Rows_Ascending(kGivenRows));
+static_assert(vocab::Rows_Cover(Given_Rows, vocab::Last_Quest));
 
 // A quest the player has finished.
-constexpr vocab::Row kTakenRows[] = {
+constexpr vocab::Row Taken_Rows[] = {
     {0, "Воссоединение с повстанцами"},
     {1, "Отец Уокер организует снабжение провизией"},
     {2, "Все террористы пойманы"},
@@ -75,9 +75,9 @@ constexpr vocab::Row kTakenRows[] = {
     {28, "No 28 Yet"},
     {29, "No 29 Yet"},
 };
-static_assert(vocab::Rows_Ascending(kTakenRows));
+static_assert(vocab::Rows_Cover(Taken_Rows, vocab::Last_Quest));
 
 }  // namespace
 
-void Position::Quest_Give_Name(std::string& text) { vocab::Look_Up(kGivenRows, text); }
-void Position::Quest_Take_Name(std::string& text) { vocab::Look_Up(kTakenRows, text); }
+void Position::Quest_Give_Name(std::string& text) { vocab::Look_Up(Given_Rows, text); }
+void Position::Quest_Take_Name(std::string& text) { vocab::Look_Up(Taken_Rows, text); }

@@ -5,10 +5,10 @@
 namespace {
 
 // No table goes beyond five digits (65535); longer digit runs can only miss.
-constexpr std::size_t kMaxDigits = 9;
+constexpr std::size_t Max_Digits = 9;
 
 std::optional<int> Plain_Decimal(std::string_view text) {
-  if (text.empty() || text.size() > kMaxDigits) return std::nullopt;
+  if (text.empty() || text.size() > Max_Digits) return std::nullopt;
   if (text.size() > 1 && text.front() == '0') return std::nullopt;
   int value = 0;
   for (char c : text) {
@@ -23,6 +23,6 @@ std::optional<int> Plain_Decimal(std::string_view text) {
 void vocab::Look_Up(std::span<const Row> rows, std::string& text) {
   const std::optional<int> number = Plain_Decimal(text);
   if (!number) return;
-  const auto row = std::ranges::lower_bound(rows, *number, {}, &Row::number);
-  if (row != rows.end() && row->number == *number) text.assign(row->text);
+  const auto row = std::ranges::lower_bound(rows, *number, {}, &Row::Number);
+  if (row != rows.end() && row->Number == *number) text.assign(row->Text);
 }

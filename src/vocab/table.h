@@ -9,14 +9,20 @@
 namespace vocab {
 
 struct Row {
-  int number;
-  std::string_view text;
+  int Number;
+  std::string_view Text;
 };
 
 // Rows must be strictly ascending by number for the binary search of Look_Up.
 constexpr bool Rows_Ascending(std::span<const Row> rows) {
   return std::adjacent_find(rows.begin(), rows.end(),
-                            [](const Row& a, const Row& b) { return a.number >= b.number; }) == rows.end();
+                            [](const Row& a, const Row& b) { return a.Number >= b.Number; }) == rows.end();
+}
+
+// Rows for every number from 0 to `last` and no other, in rising order.
+constexpr bool Rows_Cover(std::span<const Row> rows, int last) {
+  return Rows_Ascending(rows) && rows.size() == static_cast<std::size_t>(last) + 1 && rows.front().Number == 0 &&
+         rows.back().Number == last;
 }
 
 // If `text` is a plain decimal number (digits only, no sign, blank or leading zero) that has a

@@ -3,11 +3,12 @@
 #include "vocab/table.h"
 #include "vocab/vocab.h"
 
+#include <iterator>
 #include <string>
 
 namespace {
 
-constexpr vocab::Row kTriggerRows[] = {
+constexpr vocab::Row Trigger_Rows[] = {
     {0, "Омерта освобождена"},
     {1, "Драссен освобожден"},
     {2, "Сан-Мона освобождена"},
@@ -318,8 +319,9 @@ constexpr vocab::Row kTriggerRows[] = {
     {422, "Вентилятор остановлен (UB)"},
     {423, "Биггинс в отряде и вентилятор остановлен (UB)"},
 };
-static_assert(vocab::Rows_Ascending(kTriggerRows));
+static_assert(vocab::Rows_Ascending(Trigger_Rows) && std::size(Trigger_Rows) == 307 &&
+              Trigger_Rows[std::size(Trigger_Rows) - 1].Number <= vocab::Last_Trigger);
 
 }  // namespace
 
-void Position::Trigger_Name(std::string& text) { vocab::Look_Up(kTriggerRows, text); }
+void Position::Trigger_Name(std::string& text) { vocab::Look_Up(Trigger_Rows, text); }

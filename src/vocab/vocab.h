@@ -10,13 +10,24 @@
 #include <string>
 #include <vector>
 
+namespace vocab {
+
+// The numbers the games count, from 0. Every number up to these has a row of its table, but the
+// triggers: 307 of their 500 numbers have one.
+constexpr int Last_Npc = 169;
+constexpr int Last_Quest = 29;
+constexpr int Last_Item = 350;
+constexpr int Last_Trigger = 499;
+
+}  // namespace vocab
+
 namespace Position {
 
-void Npc_Name(std::string& text);         // 0 .. 169; 163 .. 169 are empty texts
-void Quest_Give_Name(std::string& text);  // 0 .. 29
-void Quest_Take_Name(std::string& text);  // 0 .. 29
-void Item_Name(std::string& text);        // 0 .. 350
-void Trigger_Name(std::string& text);     // 307 rows between 0 and 423
+void Npc_Name(std::string& text);         // 0 .. Last_Npc; 163 .. 169 are empty texts
+void Quest_Give_Name(std::string& text);  // 0 .. Last_Quest
+void Quest_Take_Name(std::string& text);  // 0 .. Last_Quest
+void Item_Name(std::string& text);        // 0 .. Last_Item
+void Trigger_Name(std::string& text);     // rows between 0 and Last_Trigger
 void Action_Name(std::string& text);      // player's action codes (byte 12)
 void Reaction_Name(std::string& text);    // NPC's reaction codes (bytes 27-28)
 

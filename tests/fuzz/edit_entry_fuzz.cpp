@@ -81,7 +81,7 @@ void Check_Encoders(double number) {
 
 // A main window with a standard file open and record 7 on show.
 struct Setup {
-  Quiet_Platform platform;
+  Scripted_Platform platform;
   Memory_Files files;
   Vorlane window{platform, files};
   std::string cells;
@@ -91,7 +91,7 @@ struct Setup {
     for (std::size_t i = 0; i < file.size(); ++i) file[i] = static_cast<std::uint8_t>(i * 7 + 1);
     files.Content[Path] = file;
     Form_Load(window);
-    platform.Picks.push_back(Path);
+    platform.Picks.push_back(Dialog_Pick{Path});
     Fire(window, [&] { nOpen_Click(window); });
     Fire(window, [&] { Slider_Set_Value(window, 7); });
     for (int n = 1; n <= 32; ++n) cells += window.L(n).Caption;
@@ -105,7 +105,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size < 1) return 0;
   static Setup setup;
   Vorlane& window = setup.window;
-  Quiet_Platform& platform = setup.platform;
+  Scripted_Platform& platform = setup.platform;
   const bool word = (data[0] & 1) != 0;
   const bool typed = (data[0] & 2) != 0;
   const std::string input(reinterpret_cast<const char*>(data + 1), size - 1);

@@ -35,7 +35,7 @@ long Offset_Of(bool buka, int k, int n) {
   return (buka ? 4 : 0) + 32L * (k - 1) + (n - 1);
 }
 
-void Quiet(const Quiet_Platform& platform, const char* when) {
+void Quiet(const Scripted_Platform& platform, const char* when) {
   Require(platform.Messages.empty() && !platform.Ended, std::string("nothing to say ") + when);
 }
 
@@ -51,13 +51,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (mode == 2 && Has_Mark(file)) file[1] = 0x01;
   const bool buka = Has_Mark(file);
 
-  Quiet_Platform platform;
+  Scripted_Platform platform;
   Memory_Files files;
   files.Content[Path] = file;
   Vorlane window(platform, files);
   Form_Load(window);
 
-  platform.Picks.push_back(Path);
+  platform.Picks.push_back(Dialog_Pick{Path});
   Fire(window, [&] { nOpen_Click(window); });
   Quiet(platform, "on opening");
   Require(window.HexImage == image::Hex_Text(file), "the image is the file as hex text");
@@ -97,7 +97,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(window.HexImage == window.Saved_Image, "a saved file is unchanged");
 
   // And the saved file loads as it was written.
-  platform.Picks.push_back(Path);
+  platform.Picks.push_back(Dialog_Pick{Path});
   Fire(window, [&] { nOpen_Click(window); });
   Quiet(platform, "on opening again");
   Require(window.HexImage == image::Hex_Text(expected), "the saved file loads back");

@@ -25,21 +25,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The real dialogs of the Qt platform; message boxes are answered and recorded.
-class Dialog_Platform : public Test_Platform {
- public:
-  std::vector<Common_Dialog> Returned;  // each dialog's settings as it handed them back
-
-  bool ShowOpen(Common_Dialog& cd) override { return Record(qtview::Qt_Platform::ShowOpen(cd), cd); }
-  bool ShowSave(Common_Dialog& cd) override { return Record(qtview::Qt_Platform::ShowSave(cd), cd); }
-
- private:
-  bool Record(bool accepted, const Common_Dialog& cd) {
-    if (accepted) Returned.push_back(cd);
-    return accepted;
-  }
-};
-
 // The user: answers the modal windows as they come up, one step each, in order.
 class User : public QObject {
  public:
@@ -116,9 +101,10 @@ class File_Dialog_Test : public QObject {
 
  private:
   QTemporaryDir folder_;
-  std::unique_ptr<Dialog_Platform> platform_;
-  std::unique_ptr<Vorlane> model_;
-  std::unique_ptr<qtview::Main_View> view_;
+  std::unique_ptr<Qt_Window> window_;
+  Scripted_Platform* platform_ = nullptr;
+  Vorlane* model_ = nullptr;
+  qtview::Main_View* view_ = nullptr;
 
   std::string Path(const std::string& name) { return folder_.filePath(QString::fromStdString(name)).toStdString(); }
   std::string Write(const std::string& name, const std::vector<char>& bytes) {
@@ -140,17 +126,13 @@ class File_Dialog_Test : public QObject {
 
  private slots:
   void init() {
-    platform_ = std::make_unique<Dialog_Platform>();
-    model_ = std::make_unique<Vorlane>(*platform_);
-    view_ = std::make_unique<qtview::Main_View>(*model_, *platform_);
-    view_->Start();
-    view_->show();
+    window_ = std::make_unique<Qt_Window>();
+    platform_ = &window_->platform;
+    platform_->Real_Dialogs = true;
+    model_ = &window_->model;
+    view_ = &window_->view;
   }
-  void cleanup() {
-    view_.reset();
-    model_.reset();
-    platform_.reset();
-  }
+  void cleanup() { window_.reset(); }
 
   // Open: the entry and the name chosen come back; a name that doesn't exist is not taken.
   void open_hands_back_the_chosen_entry_and_name() {
@@ -171,7 +153,7 @@ class File_Dialog_Test : public QObject {
       });
       Run(nOpen_Click);
       QVERIFY(user.Done() && said);
-      QCOMPARE(platform_->Returned.back().FilterIndex, row + 1);
+      QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, row + 1);
       QCOMPARE(model_->SBar_2.SimpleText, path);
       QCOMPARE(model_->SBar_3.SimpleText, std::string("078.NPC - Кармэн"));
     }
@@ -186,8 +168,8 @@ class File_Dialog_Test : public QObject {
       Answer(user, row, Path(name));
       Run(nSaveas_Click);
       QVERIFY(user.Done());
-      QCOMPARE(platform_->Returned.back().FilterIndex, row + 1);
-      QCOMPARE(platform_->Returned.back().FileTitle, name);
+      QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, row + 1);
+      QCOMPARE(platform_->Dialogs.back().Result.FileTitle, name);
       QCOMPARE(Read(Path(name)), std::vector<char>(1600, 0));
     }
     fs::resize_file(Path("plain0"), 10);
@@ -217,7 +199,7 @@ class File_Dialog_Test : public QObject {
       Press_Yes(user);  // the proposed name is the file itself
       Run(nChaing_Click);
       QVERIFY(user.Done());
-      QCOMPARE(platform_->Returned.back().FilterIndex, c.row + 1);
+      QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, c.row + 1);
       QCOMPARE(Read(path) != c.file, c.converted);
       QCOMPARE(fs::last_write_time(path) != time, c.converted);
     }
@@ -252,18 +234,19 @@ class File_Dialog_Test : public QObject {
                  {3, 4, "480", "A"}};
     for (const auto& c : cases) {
       for (const std::string& edt : {short_file, speech}) {
-        platform_->Prompts.clear();
+        platform_->Messages.clear();
         User user;
         Answer(user, c.row, edt, [](QFileDialog* dialog) {
           QCOMPARE(dialog->findChild<QLineEdit*>("fileNameEdit")->text(), QString("078.edt"));
         });
         view_->Dispatch([&] { Check_Set_Value(*model_, 1); });
         QVERIFY(user.Done());
-        QCOMPARE(platform_->Returned.back().FilterIndex, c.row + 1);
+        QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, c.row + 1);
         QCOMPARE(model_->Edt_Kind, c.kind);
         if (edt == short_file)
-          QCOMPARE(platform_->Prompts, std::vector<std::string>{"File " + edt + " < " + c.size +
-                                                                "bytes\r\nOne message have size " + c.size + " bytes"});
+          QCOMPARE(platform_->Prompts(),
+                   std::vector<std::string>{"File " + edt + " < " + c.size + "bytes\r\nOne message have size " +
+                                            c.size + " bytes"});
         else
           QCOMPARE(model_->L_Edt.Caption, c.text);
         view_->Dispatch([&] { Check_Set_Value(*model_, 0); });

@@ -24,9 +24,10 @@ class Main_Window_Test : public QObject {
 
  private:
   QTemporaryDir folder_;
-  std::unique_ptr<Test_Platform> platform_;
-  std::unique_ptr<Vorlane> model_;
-  std::unique_ptr<qtview::Main_View> view_;
+  std::unique_ptr<Qt_Window> window_;
+  Scripted_Platform* platform_ = nullptr;
+  Vorlane* model_ = nullptr;
+  qtview::Main_View* view_ = nullptr;
 
   std::string Write_File(const char* name, std::vector<unsigned char> bytes) {
     const std::string path = folder_.filePath(name).toStdString();
@@ -38,27 +39,22 @@ class Main_Window_Test : public QObject {
     std::vector<unsigned char> bytes(1600);
     for (int i = 0; i < 1600; ++i) bytes[static_cast<std::size_t>(i)] = static_cast<unsigned char>(i / 32 + 1 + i % 32);
     const std::string path = Write_File("075.npc", bytes);
-    platform_->Picks.push_back(path);
+    platform_->Picks.push_back(Dialog_Pick{path});
     view_->Dispatch([&] { nOpen_Click(*model_); });
     return path;
   }
-  QLabel* Cell(int n) { return Named<QLabel>(view_.get(), ("L_" + std::to_string(n)).c_str()); }
-  QWidget* W(const char* name) { return Named(view_.get(), name); }
+  QLabel* Cell(int n) { return Named<QLabel>(view_, ("L_" + std::to_string(n)).c_str()); }
+  QWidget* W(const char* name) { return Named(view_, name); }
 
  private slots:
   void init() {
-    platform_ = std::make_unique<Test_Platform>();
-    model_ = std::make_unique<Vorlane>(*platform_);
-    view_ = std::make_unique<qtview::Main_View>(*model_, *platform_);
-    view_->Start();
-    view_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(view_.get()));
+    window_ = std::make_unique<Qt_Window>();
+    platform_ = &window_->platform;
+    model_ = &window_->model;
+    view_ = &window_->view;
+    QVERIFY(QTest::qWaitForWindowExposed(view_));
   }
-  void cleanup() {
-    view_.reset();
-    model_.reset();
-    platform_.reset();
-  }
+  void cleanup() { window_.reset(); }
 
   void every_control_stands_at_its_place_under_its_name() {
     for (const Geometry& g : layout::Main_Controls()) {
@@ -71,17 +67,17 @@ class Main_Window_Test : public QObject {
       QCOMPARE(Cell(n)->text(), QString());
     }
     QCOMPARE(view_->windowTitle(), QString("Vorlane"));
-    QCOMPARE(Named<QLabel>(view_.get(), "L_NLine")->text(), QString("Record #0"));
-    QCOMPARE(Named<QLabel>(view_.get(), "L_NByte")->text(), QString("Byte 0"));
-    QCOMPARE(Named<QLabel>(view_.get(), "L_Fix")->text(), QString("Show NPC speech dialogs"));
-    QCOMPARE(Named<QLabel>(view_.get(), "L_Fix_1")->text(), QString("№_"));
-    QCOMPARE(Named<QLabel>(view_.get(), "L_Message")->text(), QString("0"));
-    QCOMPARE(Named<QPushButton>(view_.get(), "Com1")->text(), QString("<<"));
+    QCOMPARE(Named<QLabel>(view_, "L_NLine")->text(), QString("Record #0"));
+    QCOMPARE(Named<QLabel>(view_, "L_NByte")->text(), QString("Byte 0"));
+    QCOMPARE(Named<QLabel>(view_, "L_Fix")->text(), QString("Show NPC speech dialogs"));
+    QCOMPARE(Named<QLabel>(view_, "L_Fix_1")->text(), QString("№_"));
+    QCOMPARE(Named<QLabel>(view_, "L_Message")->text(), QString("0"));
+    QCOMPARE(Named<QPushButton>(view_, "Com1")->text(), QString("<<"));
     QVERIFY(!W("Com1")->isEnabled());
     QVERIFY(!W("Check")->isEnabled());
     QVERIFY(W("Txt_Free")->isHidden());
-    QVERIFY(Named<QLabel>(view_.get(), "L_Info_User")->font().bold());
-    QCOMPARE(Named<QSlider>(view_.get(), "Slider")->maximum(), 50);
+    QVERIFY(Named<QLabel>(view_, "L_Info_User")->font().bold());
+    QCOMPARE(Named<QSlider>(view_, "Slider")->maximum(), 50);
     QCOMPARE(view_->centralWidget()->size(), QSize(594, 423));
     QCOMPARE(view_->minimumSize(), view_->maximumSize());
     QVERIFY(W("Slider")->hasFocus());
@@ -89,56 +85,56 @@ class Main_Window_Test : public QObject {
 
   void every_menu_item_has_its_caption_shortcut_and_state() {
     for (const Menu_Entry& entry : layout::Main_Menu()) {
-      auto* action = Named<QAction>(view_.get(), std::string(entry.Name).c_str());
+      auto* action = Named<QAction>(view_, std::string(entry.Name).c_str());
       const Menu_Item* item = model_->Menu(entry.Name);
       if (entry.Caption != "-") QCOMPARE(action->text(), QString::fromStdString(item->Caption));
       QCOMPARE(action->isEnabled(), item->Enabled);
       QCOMPARE(action->shortcut(), QKeySequence(QString::fromUtf8(entry.Shortcut.data(), entry.Shortcut.size())));
     }
-    QCOMPARE(Named<QAction>(view_.get(), "nNext")->text(), QString("Next\t+"));
-    QVERIFY(!Named<QAction>(view_.get(), "nSave")->isEnabled());
+    QCOMPARE(Named<QAction>(view_, "nNext")->text(), QString("Next\t+"));
+    QVERIFY(!Named<QAction>(view_, "nSave")->isEnabled());
     Open_Standard_File();
-    QVERIFY(Named<QAction>(view_.get(), "nSave")->isEnabled());
-    QCOMPARE(Named<QLabel>(view_.get(), "SBar_1")->text(), QString("1600 bytes"));
+    QVERIFY(Named<QAction>(view_, "nSave")->isEnabled());
+    QCOMPARE(Named<QLabel>(view_, "SBar_1")->text(), QString("1600 bytes"));
   }
 
   void keypad_plus_reaches_the_window_from_any_focus() {
-    auto* list = Named<QListWidget>(view_.get(), "List");
+    auto* list = Named<QListWidget>(view_, "List");
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Plus, Qt::KeypadModifier);
     QCOMPARE(model_->Slider.Value, 1);
-    QCOMPARE(Named<QSlider>(view_.get(), "Slider")->value(), 1);
+    QCOMPARE(Named<QSlider>(view_, "Slider")->value(), 1);
     QTest::keyClick(W("Slider"), Qt::Key_Plus, Qt::KeypadModifier);
     QCOMPARE(model_->Slider.Value, 2);
     QTest::keyClick(list, Qt::Key_Minus, Qt::KeypadModifier);
     QCOMPARE(model_->Slider.Value, 1);
     QTest::keyClick(list, Qt::Key_Plus);  // the main keyboard's + does nothing
     QCOMPARE(model_->Slider.Value, 1);
-    QCOMPARE(Named<QLabel>(view_.get(), "L_NLine")->text(), QString("Record #1"));
+    QCOMPARE(Named<QLabel>(view_, "L_NLine")->text(), QString("Record #1"));
   }
 
   void dragging_the_slider_moves_through_the_records() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(12);
+    Named<QSlider>(view_, "Slider")->setValue(12);
     QCOMPARE(model_->Current_Record, 12);
     QCOMPARE(Cell(1)->text(), QString("0C"));
     QCOMPARE(Cell(32)->text(), QString("2B"));
-    QVERIFY(Named<QAction>(view_.get(), "nEdit")->isEnabled());
+    QVERIFY(Named<QAction>(view_, "nEdit")->isEnabled());
   }
 
   void hover_lights_the_field_and_other_controls_clear_the_hint() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(3);
+    Named<QSlider>(view_, "Slider")->setValue(3);
     Move_Over(Cell(3));
     QCOMPARE(model_->L(3).BackColor, colour::Active_Title_Bar);
     QCOMPARE(model_->L(4).BackColor, colour::Active_Title_Bar);
     QCOMPARE(Cell(3)->palette().color(QPalette::Window), qtview::Colour(colour::Active_Title_Bar));
     QCOMPARE(Cell(4)->palette().color(QPalette::Window), qtview::Colour(colour::Active_Title_Bar));
     QCOMPARE(Cell(5)->palette().color(QPalette::Window), qtview::Colour(colour::Button_Face));
-    QCOMPARE(Named<QLabel>(view_.get(), "L_NByte")->text(), QString("Bytes 03-04"));
-    auto* hint = Named<QLabel>(view_.get(), "L_Info_Line");
+    QCOMPARE(Named<QLabel>(view_, "L_NByte")->text(), QString("Bytes 03-04"));
+    auto* hint = Named<QLabel>(view_, "L_Info_Line");
     QCOMPARE(hint->text(), QString("Click-select / Dbl. Click-edit"));
-    QVERIFY(!Named<QLabel>(view_.get(), "L_Info_User")->text().isEmpty());
+    QVERIFY(!Named<QLabel>(view_, "L_Info_User")->text().isEmpty());
     Move_Over(W("Help"));
     QCOMPARE(hint->text(), QString());
     Move_Over(Cell(9));
@@ -150,7 +146,7 @@ class Main_Window_Test : public QObject {
 
   void a_click_pins_the_field_in_pale_yellow() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(3);
+    Named<QSlider>(view_, "Slider")->setValue(3);
     QTest::mouseClick(Cell(2), Qt::LeftButton);
     QCOMPARE(model_->L(1).BackColor, colour::Pale_Yellow);
     QCOMPARE(Cell(1)->palette().color(QPalette::Window), QColor(255, 255, 128));
@@ -162,7 +158,7 @@ class Main_Window_Test : public QObject {
 
   void double_click_opens_edit_and_disables_the_main_window() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(12);
+    Named<QSlider>(view_, "Slider")->setValue(12);
     // A real double click: press, release, then press, double click, release.
     QTest::mouseClick(Cell(5), Qt::LeftButton);
     QTest::mouseDClick(Cell(5), Qt::LeftButton);
@@ -190,8 +186,8 @@ class Main_Window_Test : public QObject {
 
   void an_edit_reaches_the_cells_through_the_real_widgets() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(12);
-    Named<QAction>(view_.get(), "nEdit")->trigger();
+    Named<QSlider>(view_, "Slider")->setValue(12);
+    Named<QAction>(view_, "nEdit")->trigger();
     QDialog* edit = view_->Edit_Window();
     QVERIFY(edit);
     auto* list = Named<QListWidget>(edit, "List");
@@ -215,20 +211,20 @@ class Main_Window_Test : public QObject {
 
   void esc_asks_about_unsaved_changes_and_cancel_keeps_the_window() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(3);
+    Named<QSlider>(view_, "Slider")->setValue(3);
     model_->L(1).Caption = "EE";
     view_->Dispatch([&] { Read_From_File(*model_); });
     platform_->Answers.push_back(msgbox::Cancel);
     QTest::keyClick(W("List"), Qt::Key_Escape);
-    QCOMPARE(platform_->Prompts.size(), std::size_t(1));
-    QVERIFY(platform_->Prompts[0].starts_with("Сохранить "));
+    QCOMPARE(platform_->Messages.size(), std::size_t(1));
+    QVERIFY(platform_->Messages[0].Prompt.starts_with("Сохранить "));
     QVERIFY(!model_->Unloaded);
     QVERIFY(view_->isVisible());
     // The title bar's close button takes the same road.
     platform_->Answers.push_back(msgbox::Cancel);
     QVERIFY(!view_->close());
     QVERIFY(view_->isVisible());
-    QCOMPARE(platform_->Prompts.size(), std::size_t(2));
+    QCOMPARE(platform_->Messages.size(), std::size_t(2));
     platform_->Answers.push_back(msgbox::No);
     QVERIFY(view_->close());
     QVERIFY(model_->Unloaded);
@@ -238,25 +234,25 @@ class Main_Window_Test : public QObject {
     QTest::keyClick(W("Slider"), Qt::Key_Escape);
     QVERIFY(model_->Unloaded);
     QVERIFY(!view_->isVisible());
-    QVERIFY(platform_->Prompts.empty());
+    QVERIFY(platform_->Messages.empty());
   }
 
   void the_list_shows_its_selected_line_as_tool_tip() {
-    Named<QAction>(view_.get(), "nNPC_Names")->trigger();
-    auto* list = Named<QListWidget>(view_.get(), "List");
+    Named<QAction>(view_, "nNPC_Names")->trigger();
+    auto* list = Named<QListWidget>(view_, "List");
     QCOMPARE(list->count(), 170);
     QCOMPARE(list->item(0)->text(), QString("№_0 (00)   Барри"));
     list->setCurrentRow(2);
     Move_Over(list->viewport());
     QCOMPARE(list->toolTip(), list->item(2)->text());
-    Named<QAction>(view_.get(), "nKey_1")->trigger();
+    Named<QAction>(view_, "nKey_1")->trigger();
     QCOMPARE(list->count(), 10);
     Move_Over(list->viewport());
     QCOMPARE(list->toolTip(), QString());
   }
 
   void the_about_window_is_an_elliptic_topmost_picture() {
-    Named<QAction>(view_.get(), "nAbout")->trigger();
+    Named<QAction>(view_, "nAbout")->trigger();
     QWidget* about = view_->About_Window();
     QVERIFY(about);
     QVERIFY(!view_->isEnabled());
@@ -276,17 +272,17 @@ class Main_Window_Test : public QObject {
     QTest::keyClick(about, Qt::Key_A);
     QVERIFY(!model_->About);
     QVERIFY(view_->isEnabled());
-    Named<QAction>(view_.get(), "nAbout")->trigger();
+    Named<QAction>(view_, "nAbout")->trigger();
     QTest::mouseClick(Named<QLabel>(view_->About_Window(), "Img1"), Qt::LeftButton);
     QVERIFY(!model_->About);
   }
 
   void texts_on_show_are_exposed_to_screen_readers() {
     Open_Standard_File();
-    Named<QSlider>(view_.get(), "Slider")->setValue(3);
+    Named<QSlider>(view_, "Slider")->setValue(3);
     Move_Over(Cell(3));
     for (const char* name : {"L_Info_User", "L_NByte", "SBar_2", "L_3"})
-      QCOMPARE(W(name)->accessibleName(), Named<QLabel>(view_.get(), name)->text());
+      QCOMPARE(W(name)->accessibleName(), Named<QLabel>(view_, name)->text());
   }
 };
 

@@ -1,50 +1,26 @@
-// Shared ground for the real-widget tests: the Qt platform with scripted answers in place of the
-// modal dialogs, and helpers to find widgets by their control names.
+// Shared ground for the real-widget tests: a main window on real widgets, with the scripted
+// platform in front of the Qt platform, and helpers to find widgets by their control names.
 #pragma once
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QMouseEvent>
 #include <QTest>
 
-#include <deque>
-#include <optional>
 #include <string>
-#include <vector>
 
+#include "support/scripted_platform.h"
 #include "ui/qt/main_view.h"
 #include "ui/qt/qt_platform.h"
 
-class Test_Platform : public qtview::Qt_Platform {
- public:
-  std::deque<int> Answers;
-  std::deque<std::optional<std::string>> Picks;
-  std::vector<std::string> Prompts;
-  int Beeps = 0;
+struct Qt_Window {
+  qtview::Qt_Platform system;
+  Scripted_Platform platform{&system};
+  Vorlane model{platform};
+  qtview::Main_View view{model, system};
 
-  int MsgBox(const std::string& prompt, int style, const std::string&) override {
-    if (Before_Modal) Before_Modal();
-    Prompts.push_back(prompt);
-    if (style != msgbox::Question_Yes_No_Cancel || Answers.empty()) return msgbox::OK;
-    const int answer = Answers.front();
-    Answers.pop_front();
-    return answer;
-  }
-  bool ShowOpen(Common_Dialog& cd) override { return Pick(cd); }
-  bool ShowSave(Common_Dialog& cd) override { return Pick(cd); }
-  void Beep() override { ++Beeps; }
-
- private:
-  bool Pick(Common_Dialog& cd) {
-    if (Before_Modal) Before_Modal();
-    if (Picks.empty() || !Picks.front()) {
-      if (!Picks.empty()) Picks.pop_front();
-      return false;
-    }
-    cd.FileName = *Picks.front();
-    cd.FileTitle = QFileInfo(QString::fromStdString(cd.FileName)).fileName().toStdString();
-    Picks.pop_front();
-    return true;
+  Qt_Window() {
+    view.Start();
+    view.show();
   }
 };
 

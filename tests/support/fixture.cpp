@@ -52,10 +52,6 @@ void Set_Cells(Vorlane& vForm, const std::string& hex) {
   for (int n = 1; n <= 32; ++n) vForm.L(n).Caption = hex.substr(2 * static_cast<std::size_t>(n - 1), 2);
 }
 
-std::ostream& operator<<(std::ostream& out, const Shown_Message& m) {
-  return out << '{' << m.Prompt << ", " << m.Style << ", " << m.Title << '}';
-}
-
 std::string Dialog_Line(const Shown_Dialog& d) {
   const Common_Dialog& s = d.Settings;
   return std::string(d.Save ? "save|" : "open|") + std::to_string(s.Flags) + '|' + s.FileName + '|' + s.Filter + '|' +
@@ -66,6 +62,10 @@ Window_Test::Window_Test(Files& files) : window(platform, files) {
   window.Width = 9000;
   window.Height = 7000;
   Form_Load(window);
+}
+
+void Window_Test::TearDown() {
+  for (const std::string& surprise : platform.Surprises) ADD_FAILURE() << "no answer scripted for " << surprise;
 }
 
 void Window_Test::Open(const std::string& path) {

@@ -34,11 +34,6 @@ std::string Cells_Text(const Vorlane& vForm);
 // Sets the captions of the byte cells from hex text ("0A0B..."), 64 characters.
 void Set_Cells(Vorlane& vForm, const std::string& hex);
 
-// Messages compare and print whole: prompt, style, title.
-inline bool operator==(const Shown_Message& a, const Shown_Message& b) {
-  return a.Prompt == b.Prompt && a.Style == b.Style && a.Title == b.Title;
-}
-std::ostream& operator<<(std::ostream& out, const Shown_Message& m);
 // A file dialog's kind and settings in one line: "open|4100|<FileName>|<Filter>|1|<title>".
 std::string Dialog_Line(const Shown_Dialog& dialog);
 
@@ -54,6 +49,8 @@ class Window_Test : public ::testing::Test {
   // Runs a handler as an event of the window (fatal failures end the program there).
   template <class Handler>
   void Event(Handler&& handler);
+  // Every question and dialog had its scripted answer.
+  void TearDown() override;
 
   Temp_Folder folder;
   Scripted_Platform platform;

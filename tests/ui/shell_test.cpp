@@ -5,6 +5,8 @@
 #include "fields/field_map.h"
 #include "support/fixture.h"
 #include "ui/layout.h"
+#include "ui/events.h"
+#include "ui/layout.h"
 #include "ui/shell.h"
 
 namespace {
@@ -96,7 +98,7 @@ TEST_F(Window_Test, EveryMenuItemHasItsCaptionShortcutAndStartState) {
     const bool command =
         !menu[i].Caption.empty() && menu[i].Caption != "-" &&
         std::none_of(menu.begin(), menu.end(), [&](const Menu_Entry& e) { return e.Parent == menu[i].Name; });
-    EXPECT_EQ(Menu_Click_Handler(row.name) != nullptr,
+    EXPECT_EQ(Find_Route("Vorlane", row.name, Event::Click) != nullptr,
               command || row.name == std::string("nNext") || row.name == std::string("nBack"));
   }
 }
@@ -105,12 +107,10 @@ TEST_F(Window_Test, MovingOverOtherControlsClearsTheHint) {
   for (const char* control : {"Vorlane", "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte", "L_NLine",
                               "Check", "Com1", "Com2", "SBar_1", "SBar_2", "L_Info_User", "SBar_3", "List"}) {
     window.L_Info_Line.Caption = "Click-select / Dbl. Click-edit";
-    const Main_Handler handler = Mouse_Move_Handler(control);
-    ASSERT_NE(handler, nullptr) << control;
-    Event([&] { handler(window); });
+    ASSERT_TRUE(Raise(window, "Vorlane", control, Event::Mouse_Move)) << control;
     EXPECT_EQ(window.L_Info_Line.Caption, "") << control;
   }
-  EXPECT_EQ(Mouse_Move_Handler("L_Info_Line"), nullptr);
+  EXPECT_EQ(Find_Route("Vorlane", "L_Info_Line", Event::Mouse_Move), nullptr);
 }
 
 TEST_F(Window_Test, TheExplanationGetsItsToolTipWhenItHasText) {

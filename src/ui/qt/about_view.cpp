@@ -9,22 +9,21 @@
 #include <QWindow>
 
 #include "ui/layout.h"
-#include "ui/qt/main_view.h"
-#include "ui/shell.h"
 
 namespace qtview {
 
-About_View::About_View(Main_View& owner, About_Form& form) : QWidget(nullptr), owner_(owner), form_(&form) {
-  setObjectName("About");
+About_View::About_View(QWidget* owner, Event_Sink& sink, About_Form& form, const Screen_Size& screen)
+    : QWidget(nullptr), sink_(sink), form_(&form) {
+  Mark_Control(this, "About");
   setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   setFixedSize(Px(layout::About_Client_Width), Px(layout::About_Client_Height));
   setFocusPolicy(Qt::StrongFocus);
 
   image_ = new QLabel(this);
-  image_->setObjectName("Img1");
+  Mark_Control(image_, "Img1");
   const Geometry& g = layout::About_Image;
   image_->setGeometry(Px(g.Left), Px(g.Top), Px(g.Width), Px(g.Height));
-  const auto& gif = About_Picture();
+  const auto gif = About_Picture();
   QImage picture;
   picture.loadFromData(gif.data(), static_cast<int>(gif.size()), "GIF");
   image_->setPixmap(QPixmap::fromImage(picture));
@@ -35,7 +34,7 @@ About_View::About_View(Main_View& owner, About_Form& form) : QWidget(nullptr), o
   const Ellipse_Region region;
   setMask(QRegion(region.Left, region.Top, region.Right - region.Left, region.Bottom - region.Top, QRegion::Ellipse));
 
-  Place_Window(this, form, owner_.Model().platform.Screen(), &owner_);
+  Place_Window(this, form, screen, owner);
 }
 
 void About_View::Detach() {
@@ -48,14 +47,14 @@ void About_View::keyPressEvent(QKeyEvent* event) {
   // Only a key that gives a character closes the window; F-keys and a lone Shift don't.
   const QString text = event->text();
   if (!form_ || text.isEmpty()) return;
-  const int code = text.at(0).unicode();
-  owner_.Dispatch([&] { About_KeyPress(*form_, code); });
+  Event_Args args{.Key = text.at(0).unicode()};
+  sink_.Raise("About", "About", Event::Key_Press, args);
 }
 
 bool About_View::eventFilter(QObject* watched, QEvent* event) {
   if (watched == image_ && event->type() == QEvent::MouseButtonRelease && form_ &&
       static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-    owner_.Dispatch([&] { Img1_Click(*form_); });
+    sink_.Raise("About", "Img1", Event::Click);
     return true;
   }
   return false;

@@ -5,18 +5,18 @@
 #include <QWidget>
 
 #include "ui/about.h"
+#include "ui/qt/widgets.h"
 
 class QLabel;
 
 namespace qtview {
 
-class Main_View;
-
 class About_View : public QWidget {
   Q_OBJECT
 
  public:
-  About_View(Main_View& owner, About_Form& form);
+  // Shown above `owner`; what the user does goes to `sink`.
+  About_View(QWidget* owner, Event_Sink& sink, About_Form& form, const Screen_Size& screen);
 
   About_Form& Form() const { return *form_; }
   void Detach();
@@ -26,7 +26,7 @@ class About_View : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  Main_View& owner_;
+  Event_Sink& sink_;
   About_Form* form_;
   QLabel* image_;
 };

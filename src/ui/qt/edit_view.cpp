@@ -1,5 +1,6 @@
 #include "ui/qt/edit_view.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -15,8 +16,6 @@
 #include <tuple>
 
 #include "ui/layout.h"
-#include "ui/qt/main_view.h"
-#include "ui/shell.h"
 
 namespace qtview {
 namespace {
@@ -53,21 +52,24 @@ template <class W>
 W* Make(QWidget* parent, std::string_view name) {
   auto* widget = new W(parent);
   const Geometry& g = Edit_Geometry(name);
-  widget->setObjectName(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+  Mark_Control(widget, name);
   widget->setGeometry(Px(g.Left), Px(g.Top), Px(g.Width), Px(g.Height));
   return widget;
 }
 
 }  // namespace
 
-template <class Handler>
-void Edit_View::Dispatch(Handler&& handler) {
-  if (!form_) return;
-  Edit_Form& form = *form_;
-  owner_.Dispatch([&] { handler(form); });
+bool Edit_View::Raise(std::string_view control, Event on, Event_Args& args) {
+  return form_ && sink_.Raise("Edit", control, on, args);
 }
 
-Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owner_(owner), form_(&form) {
+bool Edit_View::Raise(std::string_view control, Event on) {
+  Event_Args args;
+  return Raise(control, on, args);
+}
+
+Edit_View::Edit_View(QWidget* owner, Event_Sink& sink, Edit_Form& form, const Screen_Size& screen)
+    : QDialog(nullptr), sink_(sink), form_(&form) {
   setObjectName("Edit");
   setAttribute(Qt::WA_DeleteOnClose, false);
   setFont(Default_Font());
@@ -119,15 +121,15 @@ Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owne
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (!form_ || row < 0) return;
     form_->List.ListIndex = row;
-    Dispatch([](Edit_Form& f) { Edit_List_Click(f); });
+    Raise("List", Event::Click);
   });
   number_box->Key_Press = [this](int key) {
-    int code = key;
-    Dispatch([&](Edit_Form& f) { Txt_1_KeyPress(f, code); });
-    return code;
+    Event_Args args{.Key = key};
+    Raise("Txt_1", Event::Key_Press, args);
+    return args.Key;
   };
   number_box->Got_Focus = [this] {
-    Dispatch([](Edit_Form& f) { Txt_1_GotFocus(f); });
+    Raise("Txt_1", Event::Got_Focus);
     if (form_ && form_->Txt_1.SelLength > 0) txt_1_->setSelection(form_->Txt_1.SelStart, form_->Txt_1.SelLength);
   };
   connect(txt_1_, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -135,14 +137,12 @@ Edit_View::Edit_View(Main_View& owner, Edit_Form& form) : QDialog(nullptr), owne
     form_->Txt_1.Text = text.toStdString();
     rendered_.txt_1 = form_->Txt_1.Text;
   });
-  connect(o_1_, &QRadioButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { O_1_Click(f); }); });
-  connect(o_2_, &QRadioButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { O_2_Click(f); }); });
-  connect(com_apply_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComApply_Click(f); }); });
-  connect(com_ok_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComOK_Click(f); }); });
-  connect(com_cl_, &QPushButton::clicked, this, [this] { Dispatch([](Edit_Form& f) { ComCl_Click(f); }); });
+  // A click of a button or an option button, by mouse, key or assistive technology.
+  for (QAbstractButton* button : findChildren<QAbstractButton*>())
+    connect(button, &QAbstractButton::clicked, this, [this, button] { Raise(Control_Of(button), Event::Click); });
 
   // The window was placed by its start-up on an estimate of its size; place it on the real one.
-  Place_Window(this, form, owner_.Model().platform.Screen(), &owner_);
+  Place_Window(this, form, screen, owner);
   Render();
 }
 
@@ -200,7 +200,7 @@ void Edit_View::reject() {
 
 void Edit_View::closeEvent(QCloseEvent* event) {
   event->accept();
-  if (form_) owner_.Dispatch([&] { Unload_Edit(owner_.Model()); });
+  Raise("Edit", Event::Unload);
 }
 
 }  // namespace qtview

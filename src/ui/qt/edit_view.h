@@ -18,13 +18,12 @@ class QRadioButton;
 
 namespace qtview {
 
-class Main_View;
-
 class Edit_View : public QDialog {
   Q_OBJECT
 
  public:
-  Edit_View(Main_View& owner, Edit_Form& form);
+  // Shown above `owner`; what the user does goes to `sink`.
+  Edit_View(QWidget* owner, Event_Sink& sink, Edit_Form& form, const Screen_Size& screen);
 
   Edit_Form& Form() const { return *form_; }
   // The form is gone: the view stops rendering and deletes itself.
@@ -36,10 +35,10 @@ class Edit_View : public QDialog {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  template <class Handler>
-  void Dispatch(Handler&& handler);
+  bool Raise(std::string_view control, Event on, Event_Args& args);
+  bool Raise(std::string_view control, Event on);
 
-  Main_View& owner_;
+  Event_Sink& sink_;
   Edit_Form* form_;
   QGroupBox *f_1_, *f_2_, *f_3_;
   QListWidget* list_;

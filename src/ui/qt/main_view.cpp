@@ -1,5 +1,6 @@
 #include "ui/qt/main_view.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -18,14 +19,10 @@
 
 #include <tuple>
 
-#include "speech/speech.h"
-#include "ui/byte_grid.h"
 #include "ui/layout.h"
 #include "ui/navigation.h"
 #include "ui/qt/about_view.h"
 #include "ui/qt/edit_view.h"
-#include "ui/reference_lists.h"
-#include "ui/shell.h"
 
 namespace qtview {
 namespace {
@@ -47,8 +44,9 @@ class Client_Area : public QWidget {
 };
 
 void Place(QWidget* widget, const Geometry& g) {
-  widget->setObjectName(QString::fromUtf8(g.Name.data(), static_cast<qsizetype>(g.Name.size())));
+  Mark_Control(widget, g.Name);
   widget->setGeometry(Px(g.Left), Px(g.Top), Px(g.Width), Px(g.Height));
+  widget->setMouseTracking(true);
 }
 
 const Geometry& Main_Geometry(std::string_view name) { return *layout::Find(layout::Main_Controls(), name); }
@@ -84,8 +82,6 @@ Main_View::~Main_View() {
 QLabel* Main_View::Make_Label(const std::string& name, Label_View* view) {
   auto* label = new QLabel(client_);
   Place(label, Main_Geometry(name));
-  label->setMouseTracking(true);
-  mouse_move_[label] = name;
   if (view) *view = Label_View(label);
   return label;
 }
@@ -95,7 +91,7 @@ void Main_View::Build_Controls() {
   client_->setObjectName("client");
   client_->setFixedSize(Px(layout::Main_Client_Width), Px(layout::Main_Client_Height));
   client_->setMouseTracking(true);
-  mouse_move_[client_] = "Vorlane";
+  Mark_Control(client_, "Vorlane");
   setCentralWidget(client_);
 
   slider_ = new QSlider(Qt::Horizontal, client_);
@@ -106,10 +102,10 @@ void Main_View::Build_Controls() {
   slider_->setTickPosition(QSlider::TicksBelow);
   slider_->setTickInterval(1);
   slider_->setAccessibleName("Record");
-  slider_->setMouseTracking(true);
-  mouse_move_[slider_] = "Slider";
-  connect(slider_, &QSlider::valueChanged, this,
-          [this](int value) { Dispatch([&] { Slider_Set_Value(model_, value); }); });
+  connect(slider_, &QSlider::valueChanged, this, [this](int value) {
+    Event_Args args{.Value = value};
+    Raise("Vorlane", "Slider", Event::Change, args);
+  });
 
   Make_Label("L_Info_Line", &l_info_line_);
   Make_Label("L_NLine", &l_nline_)->setAlignment(Qt::AlignRight | Qt::AlignTop);
@@ -118,10 +114,8 @@ void Main_View::Build_Controls() {
     auto* cell = new QLabel(client_);
     Place(cell, layout::Cell(n));
     cell->setAlignment(Qt::AlignCenter);
-    cell->setMouseTracking(true);
     cell->setAccessibleDescription(QString("Byte %1").arg(n));
     cells_[static_cast<std::size_t>(n - 1)] = Label_View(cell);
-    cell_of_[cell] = n;
   }
 
   QLabel* info_user = Make_Label("L_Info_User", &l_info_user_);
@@ -142,7 +136,6 @@ void Main_View::Build_Controls() {
   com_exit_ = new QPushButton(client_);
   Place(com_exit_, Main_Geometry("ComExit"));
   com_exit_->setAccessibleName("Exit");
-  connect(com_exit_, &QPushButton::clicked, this, [this] { Dispatch([&] { ComExit_Click(model_); }); });
   auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
   connect(escape, &QShortcut::activated, this, [this] { com_exit_->click(); });
 
@@ -150,9 +143,7 @@ void Main_View::Build_Controls() {
   list_view_ = List_View(list_);
   Place(list_, Main_Geometry("List"));
   Set_Back_Colour(list_, colour::Light_3D);
-  list_->setMouseTracking(true);
   list_->viewport()->setMouseTracking(true);
-  mouse_move_[list_->viewport()] = "List";
   list_->setAccessibleName("List");
   connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { model_.List.ListIndex = row; });
   // A list box: one line per row, cut at the box's edge; a line wider than the box is read whole
@@ -167,22 +158,14 @@ void Main_View::Build_Controls() {
   Place(check_, Main_Geometry("Check"));
   Set_Back_Colour(check_, colour::Active_Border);
   check_->setAccessibleName(Q(model_.L_Fix.Caption));
-  check_->setMouseTracking(true);
-  mouse_move_[check_] = "Check";
-  connect(check_, &QCheckBox::clicked, this,
-          [this](bool checked) { Dispatch([&] { Check_Set_Value(model_, checked ? 1 : 0); }); });
 
   Make_Label("L_Fix", &l_fix_);
   Make_Label("L_Fix_1", &l_fix_1_);
   Make_Label("L_Message", &l_message_);
 
-  for (auto [name, button, handler] :
-       {std::tuple{"Com1", &com1_, &Com1_Click}, std::tuple{"Com2", &com2_, &Com2_Click}}) {
+  for (auto [name, button] : {std::pair{"Com1", &com1_}, std::pair{"Com2", &com2_}}) {
     *button = new QPushButton(client_);
     Place(*button, Main_Geometry(name));
-    (*button)->setMouseTracking(true);
-    mouse_move_[*button] = name;
-    connect(*button, &QPushButton::clicked, this, [this, handler = handler] { Dispatch([&] { handler(model_); }); });
   }
   com1_->setAccessibleName("Previous message");
   com2_->setAccessibleName("Next message");
@@ -192,8 +175,6 @@ void Main_View::Build_Controls() {
     sbar_[i] = new QLabel(client_);
     Place(sbar_[i], Main_Geometry(name));
     sbar_[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    sbar_[i]->setMouseTracking(true);
-    mouse_move_[sbar_[i]] = name;
   }
 
   txt_free_ = new QLineEdit(client_);
@@ -206,6 +187,13 @@ void Main_View::Build_Controls() {
   setTabOrder(com1_, com2_);
   setTabOrder(com2_, com_exit_);
   for (QWidget* w : client_->findChildren<QLabel*>()) w->setFocusPolicy(Qt::NoFocus);
+  // A click of a button or the check box, by mouse, key or assistive technology.
+  for (QAbstractButton* button : client_->findChildren<QAbstractButton*>()) {
+    connect(button, &QAbstractButton::clicked, this, [this, button](bool checked) {
+      Event_Args args{.Value = checked ? 1 : 0};
+      Raise("Vorlane", Control_Of(button), Event::Click, args);
+    });
+  }
 }
 
 void Main_View::Build_Menus() {
@@ -227,8 +215,7 @@ void Main_View::Build_Menus() {
       if (!entry.Shortcut.empty())
         action->setShortcut(
             QKeySequence(QString::fromUtf8(entry.Shortcut.data(), static_cast<qsizetype>(entry.Shortcut.size()))));
-      if (Main_Handler handler = Menu_Click_Handler(entry.Name))
-        connect(action, &QAction::triggered, this, [this, handler] { Dispatch([&] { handler(model_); }); });
+      connect(action, &QAction::triggered, this, [this, name = entry.Name] { Raise("Vorlane", name, Event::Click); });
     }
     action->setObjectName(name);
     actions_[std::string(entry.Name)] = action;
@@ -239,10 +226,16 @@ void Main_View::Start() {
   adjustSize();
   model_.Width = frameGeometry().width() * layout::Twips_Per_Pixel;
   model_.Height = frameGeometry().height() * layout::Twips_Per_Pixel;
-  Dispatch([&] { Form_Load(model_); });
+  Raise("Vorlane", "Vorlane", Event::Load);
   move(Px(model_.Left), Px(model_.Top));
   model_.SetFocus("Slider");
   Render();
+}
+
+bool Main_View::Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) {
+  const bool handled = ::Raise(model_, window, control, on, args);
+  Sync();
+  return handled;
 }
 
 void Main_View::Render() {
@@ -305,7 +298,7 @@ void Main_View::Render() {
 void Main_View::Sync() {
   if (model_.Edit && (!edit_view_ || &edit_view_->Form() != model_.Edit.get())) {
     if (edit_view_) edit_view_->Detach();
-    edit_view_ = new Edit_View(*this, *model_.Edit);
+    edit_view_ = new Edit_View(this, *this, *model_.Edit, model_.platform.Screen());
     edit_view_->show();
   } else if (!model_.Edit && edit_view_) {
     edit_view_->Detach();
@@ -313,7 +306,7 @@ void Main_View::Sync() {
   }
   if (model_.About && (!about_view_ || &about_view_->Form() != model_.About.get())) {
     if (about_view_) about_view_->Detach();
-    about_view_ = new About_View(*this, *model_.About);
+    about_view_ = new About_View(this, *this, *model_.About, model_.platform.Screen());
     about_view_->show();
     // It takes the keys: any character closes it.
     about_view_->activateWindow();
@@ -328,53 +321,47 @@ void Main_View::Sync() {
 }
 
 bool Main_View::eventFilter(QObject* watched, QEvent* event) {
+  auto* widget = qobject_cast<QWidget*>(watched);
+  if (!widget || widget->window() != this) return false;
   switch (event->type()) {
     case QEvent::KeyRelease: {
       // The window sees the keypad's + and - whatever control has the focus.
       auto* key = static_cast<QKeyEvent*>(event);
-      auto* widget = qobject_cast<QWidget*>(watched);
-      if (widget && widget->window() == this && isEnabled() && !key->isAutoRepeat() &&
-          (key->modifiers() & Qt::KeypadModifier) && (key->key() == Qt::Key_Plus || key->key() == Qt::Key_Minus)) {
-        const int code = key->key() == Qt::Key_Plus ? key::Keypad_Plus : key::Keypad_Minus;
-        Dispatch([&] { Form_KeyUp(model_, code); });
-        return true;
-      }
-      return false;
+      if (!isEnabled() || key->isAutoRepeat() || !(key->modifiers() & Qt::KeypadModifier) ||
+          (key->key() != Qt::Key_Plus && key->key() != Qt::Key_Minus))
+        return false;
+      Event_Args args{.Key = key->key() == Qt::Key_Plus ? key::Keypad_Plus : key::Keypad_Minus};
+      Raise("Vorlane", "Vorlane", Event::Key_Up, args);
+      return true;
     }
     case QEvent::MouseMove: {
-      if (auto cell = cell_of_.find(watched); cell != cell_of_.end()) {
-        Dispatch([&] { L_MouseMove(model_, cell->second); });
-        return true;
-      }
-      if (auto control = mouse_move_.find(watched); control != mouse_move_.end()) {
-        if (Main_Handler handler = Mouse_Move_Handler(control->second)) Dispatch([&] { handler(model_); });
-        return true;
-      }
-      return false;
+      const std::string control = Control_Of(widget);
+      if (control.empty()) return false;
+      Raise("Vorlane", control, Event::Mouse_Move);
+      // The control took the movement: it goes no further up to the bare window. With a button
+      // held it is a drag, which the widget itself needs.
+      return static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton;
     }
     case QEvent::MouseButtonRelease: {
-      auto cell = cell_of_.find(watched);
-      if (cell == cell_of_.end()) return false;
+      if (!qobject_cast<QLabel*>(widget)) return false;
       auto* mouse = static_cast<QMouseEvent*>(event);
       // A double click comes as press, release, double click, release: the second release is
       // no click of its own.
       const bool second_release = std::exchange(after_double_click_, false);
-      if (mouse->button() == Qt::LeftButton && !second_release &&
-          static_cast<QWidget*>(watched)->rect().contains(mouse->position().toPoint()))
-        Dispatch([&] { L_Click(model_, cell->second); });
+      if (mouse->button() == Qt::LeftButton && !second_release && widget->rect().contains(mouse->position().toPoint()))
+        Raise("Vorlane", Control_Of(widget), Event::Click);
       return true;
     }
     case QEvent::MouseButtonDblClick: {
-      auto cell = cell_of_.find(watched);
-      if (cell == cell_of_.end()) return false;
+      if (!qobject_cast<QLabel*>(widget)) return false;
       if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         after_double_click_ = true;
-        Dispatch([&] { L_DblClick(model_, cell->second); });
+        Raise("Vorlane", Control_Of(widget), Event::Dbl_Click);
       }
       return true;
     }
     case QEvent::FocusIn:
-      if (watched == list_) Dispatch([&] { List_GotFocus(model_); });
+      if (widget->property("control").isValid()) Raise("Vorlane", Control_Of(widget), Event::Got_Focus);
       return false;
     default:
       return false;
@@ -386,7 +373,7 @@ void Main_View::closeEvent(QCloseEvent* event) {
     event->accept();
     return;
   }
-  Fire(model_, [&] { Unload_Main(model_); });
+  ::Raise(model_, "Vorlane", "Vorlane", Event::Unload);
   if (model_.Unloaded || model_.Ended) {
     event->accept();
   } else {

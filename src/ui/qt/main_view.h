@@ -1,6 +1,6 @@
-// The main window on Qt widgets. Every widget carries its control's name as objectName; user
-// input goes to the logic's handlers, and after each handler the model is rendered back with
-// the widgets' signals blocked. The view decides nothing.
+// The main window on Qt widgets. Every widget carries its control's name as objectName; what the
+// user does goes to the logic as (window, control, event), and after each event the model is
+// rendered back with the widgets' signals blocked. The view decides nothing.
 #pragma once
 
 #include <QMainWindow>
@@ -28,16 +28,19 @@ class QSlider;
 
 namespace qtview {
 
-class Main_View : public QMainWindow {
+class Main_View : public QMainWindow, public Event_Sink {
   Q_OBJECT
 
  public:
+  // `platform` is the Qt platform that the model's platform shows its dialogs on.
   Main_View(Vorlane& model, Qt_Platform& platform);
   ~Main_View() override;
 
   // The start-up event, then the first render; the caller shows the window.
   void Start();
-  // Runs a handler of the logic as an event, then brings every window up to date.
+  using Event_Sink::Raise;
+  bool Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) override;
+  // Runs any handler of the logic as an event, then brings every window up to date.
   template <class Handler>
   void Dispatch(Handler&& handler) {
     Fire(model_, std::forward<Handler>(handler));
@@ -70,10 +73,8 @@ class Main_View : public QMainWindow {
   QPushButton* com_exit_ = nullptr;
   QLineEdit* txt_free_ = nullptr;
   std::array<Label_View, 32> cells_;
-  std::map<QObject*, int> cell_of_;
   Label_View l_info_line_, l_nline_, l_info_user_, l_nbyte_, help_, l_edt_, l_fix_, l_fix_1_, l_message_;
   QLabel* sbar_[3] = {};
-  std::map<QObject*, std::string> mouse_move_;  // widget -> control whose mouse-move handler runs
   std::map<std::string, QAction*> actions_;
 
   // The last rendered state of what is not a label; empty before the first render.

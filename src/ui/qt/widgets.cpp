@@ -2,9 +2,8 @@
 
 #include <QGuiApplication>
 #include <QSignalBlocker>
+#include <QVariant>
 #include <QWindow>
-
-#include "ui/shell.h"
 
 namespace qtview {
 
@@ -81,6 +80,21 @@ void List_View::Render(const List_Box& model) {
   });
   Set_If_Changed(index_, model.ListIndex, [&](int row) { widget_->setCurrentRow(row); });
   Set_If_Changed(tip_, model.ToolTipText, [&](const std::string& t) { widget_->setToolTip(Q(t)); });
+}
+
+void Mark_Control(QWidget* widget, std::string_view name) {
+  const QString text = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+  if (widget->objectName().isEmpty()) widget->setObjectName(text);
+  widget->setProperty("control", text);
+}
+
+std::string Control_Of(const QObject* object) {
+  for (; object; object = object->parent()) {
+    const QVariant name = object->property("control");
+    if (name.isValid()) return name.toString().toStdString();
+    if (object->isWidgetType() && static_cast<const QWidget*>(object)->isWindow()) break;
+  }
+  return {};
 }
 
 void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen, QWidget* owner) {

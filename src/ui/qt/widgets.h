@@ -16,6 +16,7 @@
 #include <string>
 
 #include "ui/controls.h"
+#include "ui/events.h"
 #include "ui/layout.h"
 #include "ui/platform.h"
 
@@ -68,6 +69,24 @@ class List_View {
   std::optional<int> index_;
   std::optional<std::string> tip_;
 };
+
+// Where the views send what the user does: the logic's handler of the event runs, then every
+// window shows the model. Returns whether the control has a handler for the event.
+class Event_Sink {
+ public:
+  virtual ~Event_Sink() = default;
+  virtual bool Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) = 0;
+  bool Raise(std::string_view window, std::string_view control, Event on) {
+    Event_Args args;
+    return Raise(window, control, on, args);
+  }
+};
+
+// A widget that stands for a control of the logic carries the control's name as objectName and
+// in this property; the parts a widget is made of (a list's viewport) are found through it.
+void Mark_Control(QWidget* widget, std::string_view name);
+// The control a widget belongs to, or the empty text.
+std::string Control_Of(const QObject* object);
 
 // Places a window of the logic on the screen: its outer size as the toolkit made it, placed by
 // the logic's rule, kept above its owner.

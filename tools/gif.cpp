@@ -1,4 +1,4 @@
-#include "ui/gif.h"
+#include "gif.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,0 +1,55 @@
+# The logic: every behaviour of the editor, without any toolkit header. The one list of its
+# sources, for the editor's build and for the fuzz build; VORLANE_ROOT is the source tree.
+set(VORLANE_LOGIC_SOURCES
+  src/store/convert.cpp
+  src/store/error_text.cpp
+  src/store/file_commands.cpp
+  src/store/files.cpp
+  src/store/image.cpp
+  src/store/npc_dialogs.cpp
+  src/store/number.cpp
+  src/store/text.cpp
+  src/store/type_report.cpp
+  src/fields/byte_help.cpp
+  src/fields/explain.cpp
+  src/fields/field_map.cpp
+  src/vocab/codes.cpp
+  src/vocab/items.cpp
+  src/vocab/npc_names.cpp
+  src/vocab/quests.cpp
+  src/vocab/table.cpp
+  src/vocab/triggers.cpp
+  src/speech/cp1251.cpp
+  src/speech/edt_reader.cpp
+  src/speech/speech_pane.cpp
+  src/ui/about.cpp
+  src/ui/byte_grid.cpp
+  src/ui/edit.cpp
+  src/ui/events.cpp
+  src/ui/layout.cpp
+  src/ui/navigation.cpp
+  src/ui/record_tests.cpp
+  src/ui/reference_lists.cpp
+  src/ui/shell.cpp
+  src/ui/vorlane.cpp)
+list(TRANSFORM VORLANE_LOGIC_SOURCES PREPEND "${VORLANE_ROOT}/")
+
+# The About window's picture is the file data/about.gif, compiled in as bytes.
+set(about_gif "${VORLANE_ROOT}/data/about.gif")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${about_gif}")
+file(READ "${about_gif}" about_hex HEX)
+string(REGEX REPLACE "(..)" "0x\\1," about_bytes "${about_hex}")
+string(REGEX REPLACE "((0x..,){16})" "\\1\n    " about_bytes "${about_bytes}")
+file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/generated/about_picture.cpp" @ONLY CONTENT
+"// The bytes of data/about.gif, written by the build.
+#include \"ui/about.h\"
+
+namespace {
+constexpr std::uint8_t Picture[] = {
+    @about_bytes@
+};
+}  // namespace
+
+std::span<const std::uint8_t> About_Picture() { return Picture; }
+")
+list(APPEND VORLANE_LOGIC_SOURCES "${CMAKE_CURRENT_BINARY_DIR}/generated/about_picture.cpp")
