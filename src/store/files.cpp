@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include "store/failure.h"
 #include "store/text.h"
@@ -55,11 +56,85 @@ void Disk_Files::Write_Chunk(int fd, const std::uint8_t* data, std::size_t size)
     const ssize_t written = ::write(fd, data, size);
     if (written < 0) {
       if (errno == EINTR) continue;
+      if (errno == ENOSPC || errno == EDQUOT) throw No_Room("no room");
       throw Run_Time_Error("write failed");
     }
     data += written;
     size -= static_cast<std::size_t>(written);
   }
+}
+
+namespace {
+
+// A file descriptor that is closed however the block is left.
+struct Open_File {
+  int fd;
+  ~Open_File() {
+    if (fd >= 0) ::close(fd);
+  }
+  // Closes it now; false when closing failed, which can be the last word of a failed write.
+  bool Close() {
+    const int result = ::close(std::exchange(fd, -1));
+    return result == 0;
+  }
+};
+
+// Makes a new name in the folder last: a folder's own metadata reaches the disk only when the
+// folder itself is flushed.
+void Flush_Folder(const fs::path& folder) {
+  const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+}  // namespace
+
+bool Disk_Files::Replace(const fs::path& target, const std::vector<std::uint8_t>& bytes, const struct stat* old) {
+  // The new file's name is short and fixed: a name built from the target's could pass the file
+  // system's limit of 255 bytes for a target whose own name is near it.
+  const fs::path folder = target.parent_path();
+  std::string temp = ((folder.empty() ? fs::path(".") : folder) / ".vorlane-XXXXXX").string();
+  Open_File file{::mkstemp(temp.data())};
+  if (file.fd < 0) return false;  // the folder takes no new file
+  const auto discard = [&] {
+    file.Close();
+    ::unlink(temp.c_str());
+  };
+  try {
+    Write_Chunk(file.fd, bytes.data(), bytes.size());
+    // The owner and group stay where the system lets us give them on; elsewhere the file is ours.
+    if (old) {
+      [[maybe_unused]] const int kept = ::fchown(file.fd, old->st_uid, old->st_gid);
+    }
+    if (::fchmod(file.fd, old ? old->st_mode & 07777 : 0644) != 0 || ::fsync(file.fd) != 0)
+      throw Run_Time_Error("can't finish");
+  } catch (const No_Room&) {
+    discard();
+    return false;  // no room for a second copy: the old file's own place may do
+  } catch (...) {
+    discard();
+    throw;
+  }
+  if (!file.Close()) {
+    ::unlink(temp.c_str());
+    throw Run_Time_Error("can't close");
+  }
+  if (std::rename(temp.c_str(), target.c_str()) != 0) {
+    ::unlink(temp.c_str());
+    return false;
+  }
+  Flush_Folder(folder);
+  return true;
+}
+
+void Disk_Files::Write_In_Place(const fs::path& target, const std::vector<std::uint8_t>& bytes, unsigned mode) {
+  Open_File file{::open(target.c_str(), O_WRONLY | O_CREAT, mode)};
+  if (file.fd < 0) throw Run_Time_Error("can't open");
+  Write_Chunk(file.fd, bytes.data(), bytes.size());
+  if (::fsync(file.fd) != 0 || ::ftruncate(file.fd, static_cast<off_t>(bytes.size())) != 0 || ::fsync(file.fd) != 0 ||
+      !file.Close())
+    throw Run_Time_Error("can't finish");
 }
 
 void Disk_Files::Write(const std::string& path, const std::vector<std::uint8_t>& bytes) {
@@ -70,35 +145,12 @@ void Disk_Files::Write(const std::string& path, const std::vector<std::uint8_t>&
   if (fs::is_symlink(target, ec)) target = fs::weakly_canonical(target, ec);
   if (fs::is_directory(target, ec)) Fail("is a folder", path);
 
-  // Keep the permissions of the file being replaced; refuse a file we may not write.
-  mode_t mode = 0644;
   struct stat old {};
-  if (::stat(target.c_str(), &old) == 0) {
-    if (::access(target.c_str(), W_OK) != 0) Fail("read-only", path);
-    mode = old.st_mode & 07777;
-  }
-
-  // The new file's name is short and fixed: a name built from the target's could pass the file
-  // system's limit of 255 bytes for a target whose own name is near it.
-  std::string temp = (target.parent_path().empty() ? fs::path(".") : target.parent_path()) / ".vorlane-XXXXXX";
-  const int fd = ::mkstemp(temp.data());
-  if (fd < 0) Fail("can't create", path);
-  try {
-    Write_Chunk(fd, bytes.data(), bytes.size());
-    if (::fchmod(fd, mode) != 0 || ::fsync(fd) != 0) throw Run_Time_Error("can't finish");
-  } catch (...) {
-    ::close(fd);
-    ::unlink(temp.c_str());
-    throw;
-  }
-  if (::close(fd) != 0) {
-    ::unlink(temp.c_str());
-    Fail("can't close", path);
-  }
-  if (std::rename(temp.c_str(), target.c_str()) != 0) {
-    ::unlink(temp.c_str());
-    Fail("can't replace", path);
-  }
+  const bool exists = ::stat(target.c_str(), &old) == 0;
+  if (exists && ::access(target.c_str(), W_OK) != 0) Fail("read-only", path);
+  // A file with other names keeps them only if its own bytes change.
+  if ((!exists || old.st_nlink == 1) && Replace(target, bytes, exists ? &old : nullptr)) return;
+  Write_In_Place(target, bytes, exists ? old.st_mode & 07777 : 0644);
 }
 
 Files& Disk() {

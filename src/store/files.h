@@ -5,8 +5,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
+
+#include "store/failure.h"
+
+struct stat;
 
 class Files {
  public:
@@ -18,12 +23,16 @@ class Files {
   virtual std::string Dir(const std::string& path) = 0;
   // count bytes from the 0-based offset; fails unless all of them could be read.
   virtual std::vector<std::uint8_t> Read(const std::string& path, std::int64_t offset, std::size_t count) = 0;
-  // Replaces the whole file by these bytes. The bytes go to a new file in the same folder that
-  // then takes the target's place, so a failure leaves the old file as it was.
+  // Replaces the whole file by these bytes. A link is followed to the file it names.
   virtual void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) = 0;
 };
 
-// The real disk.
+// The real disk. A file is written safely where the folder allows it: the bytes go to a new file
+// beside the target, which then takes the target's place, so that a failure half way leaves the
+// old file as it was. Where no new file may be made in the folder, where the new file can't take
+// the old one's place, where the disk has no room for a second copy, or where the target has
+// other names (hard links) that must see the new bytes too, the bytes are written into the
+// target itself, as a plain write would.
 class Disk_Files : public Files {
  public:
   std::int64_t Length(const std::string& path) override;
@@ -32,8 +41,19 @@ class Disk_Files : public Files {
   void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) override;
 
  protected:
-  // One step of writing the new file; a test double overrides it to fail half way.
+  // Writes all bytes at the file's position; a test double overrides it to fail half way.
+  // Raises No_Room when the disk is full, Run_Time_Error on any other failure.
   virtual void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size);
+
+ private:
+  // The safe road; false when it can't be taken, with nothing left behind.
+  bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, const struct stat* old);
+  void Write_In_Place(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, unsigned mode);
+};
+
+// The disk or the user's quota is full.
+struct No_Room : Run_Time_Error {
+  using Run_Time_Error::Run_Time_Error;
 };
 
 Files& Disk();

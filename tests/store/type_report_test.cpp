@@ -205,6 +205,25 @@ INSTANTIATE_TEST_SUITE_P(
                       Quiet_Row{"BukaToStandardFailsHalfWay", Buka_File(), kToStandard, {}, true}),
     [](const auto& info) { return std::string(info.param.name); });
 
+// The conversion writes as a save does: where the folder takes no new file, through a link,
+// into a file with a second name, which sees the converted bytes too.
+TEST_F(Conversion, LandsWhereverAPlainWriteWould) {
+  const std::string file = folder.Write("075.npc", Standard_File()), link = folder.Path("link.npc");
+  fs::create_hard_link(file, folder.Path("second.npc"));
+  fs::create_symlink(file, link);
+  Convert(link, kToBuka);
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(Read_File(folder.Path("second.npc")), To_Buka(Standard_File()));
+  fs::remove(folder.Path("second.npc"));
+  {
+    const Folder_Without_New_Files locked(folder.Path(""));
+    Convert(file, kToStandard);
+  }
+  EXPECT_EQ(Read_File(file), To_Standard(To_Buka(Standard_File())));
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"075.npc", "link.npc"}));
+  EXPECT_TRUE(platform.Messages.empty());
+}
+
 // The file on show is refused as a target: the window's image would still hold the old variant,
 // and the next save would put it back over the conversion. Another file converts, to a name
 // typed in the save dialog, and the window is left alone throughout.

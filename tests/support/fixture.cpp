@@ -1,6 +1,12 @@
 #include "support/fixture.h"
 
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <filesystem>
 
 #include "store/failure.h"
 #include "store/file_commands.h"
@@ -40,6 +46,27 @@ void Put_Record(Bytes& file, bool buka, int k, const Bytes& record) {
 void Failing_Disk::Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) {
   Disk_Files::Write_Chunk(fd, data, size / 2);
   throw Run_Time_Error("disk full");
+}
+
+Folder_Without_New_Files::Folder_Without_New_Files(const std::string& path)
+    : path_(path), fd_(::open(path.c_str(), O_RDONLY | O_DIRECTORY)) {
+  int flags = 0;
+  if (::ioctl(fd_, FS_IOC_GETFLAGS, &flags) == 0) {
+    flags |= FS_IMMUTABLE_FL;
+    immutable_ = ::ioctl(fd_, FS_IOC_SETFLAGS, &flags) == 0;
+  }
+  if (!immutable_)
+    std::filesystem::permissions(path, std::filesystem::perms::owner_write, std::filesystem::perm_options::remove);
+}
+
+Folder_Without_New_Files::~Folder_Without_New_Files() {
+  int flags = 0;
+  if (immutable_ && ::ioctl(fd_, FS_IOC_GETFLAGS, &flags) == 0) {
+    flags &= ~FS_IMMUTABLE_FL;
+    ::ioctl(fd_, FS_IOC_SETFLAGS, &flags);
+  }
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
+  ::close(fd_);
 }
 
 std::string Cells_Text(const Vorlane& vForm) {

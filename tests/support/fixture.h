@@ -29,6 +29,19 @@ class Failing_Disk : public Disk_Files {
   void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override;
 };
 
+// While it lives, the folder takes no new file: it is immutable, or, where that can't be had, it
+// loses its write permission (which root passes).
+class Folder_Without_New_Files {
+ public:
+  explicit Folder_Without_New_Files(const std::string& path);
+  ~Folder_Without_New_Files();
+
+ private:
+  std::string path_;
+  int fd_;
+  bool immutable_ = false;
+};
+
 // The 32 captions of the byte cells joined, "" for an empty cell.
 std::string Cells_Text(const Vorlane& vForm);
 // Sets the captions of the byte cells from hex text ("0A0B..."), 64 characters.
