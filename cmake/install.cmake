@@ -1,6 +1,6 @@
 # What a desktop gets besides the program: the icon, the desktop entry, the MIME types of the
-# two file formats, the AppStream description, and `cmake --install` to put them under a
-# prefix.
+# two file formats, the AppStream description, the manual page, and `cmake --install` to put
+# them under a prefix.
 include(GNUInstallDirs)
 find_package(Qt6 REQUIRED COMPONENTS Gui)
 
@@ -25,3 +25,4 @@ install(FILES ${VORLANE_ICON_PNG} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hic
 # Software centres look the description up by its component id.
 install(FILES data/vorlane.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.vorlane.vorlane.metainfo.xml)
+install(FILES data/vorlane.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

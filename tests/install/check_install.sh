@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs a built tree into a temporary prefix and checks what lands there: exactly the
-# program, its desktop entry, the MIME types, the icon and the AppStream description, each one
-# usable by a desktop.
+# program, its desktop entry, the MIME types, the icon, the AppStream description and the
+# manual page, each one usable by a desktop or by man.
 # Usage: check_install.sh BUILD_DIR SOURCE_DIR
 set -euo pipefail
 build=$1 source=$2
@@ -15,6 +15,7 @@ expected="bin/vorlane
 share/applications/vorlane.desktop
 share/icons/hicolor/32x32/apps/vorlane.png
 share/icons/hicolor/scalable/apps/vorlane.svg
+share/man/man1/vorlane.1
 share/metainfo/io.github.vorlane.vorlane.metainfo.xml
 share/mime/packages/vorlane.xml"
 installed=$(cd "$prefix" && find . -type f | sed 's|^\./||' | LC_ALL=C sort)
@@ -44,4 +45,6 @@ done
 # the installed tree). The check of its two web addresses needs the network and is left out.
 command -v appstreamcli >/dev/null || fail "appstreamcli is missing (Debian: appstream)"
 report=$(appstreamcli validate-tree --no-net "$prefix" 2>&1) || fail "appstreamcli: $report"
+# The manual page renders without a warning of roff's.
+report=$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/vorlane.1" 2>&1) && [ -z "$report" ] || fail "groff: $report"
 echo "check_install: ok"
