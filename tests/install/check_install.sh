@@ -46,5 +46,6 @@ done
 command -v appstreamcli >/dev/null || fail "appstreamcli is missing (Debian: appstream)"
 report=$(appstreamcli validate-tree --no-net "$prefix" 2>&1) || fail "appstreamcli: $report"
 # The manual page renders without a warning of roff's.
-report=$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/vorlane.1" 2>&1) && [ -z "$report" ] || fail "groff: $report"
+report=$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/vorlane.1" 2>&1) || fail "groff: $report"
+[ -z "$report" ] || fail "groff: $report"
 echo "check_install: ok"
