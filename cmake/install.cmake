@@ -1,5 +1,6 @@
 # What a desktop gets besides the program: the icon, the desktop entry, the MIME types of the
-# two file formats, and `cmake --install` to put them under a prefix.
+# two file formats, the AppStream description, the manual page, and `cmake --install` to put
+# them under a prefix.
 include(GNUInstallDirs)
 find_package(Qt6 REQUIRED COMPONENTS Gui)
 
@@ -21,3 +22,7 @@ install(FILES data/vorlane.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applicat
 install(FILES data/vorlane.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES data/vorlane.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES ${VORLANE_ICON_PNG} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/32x32/apps)
+# Software centres look the description up by its component id.
+install(FILES data/vorlane.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
+  RENAME io.github.vorlane.vorlane.metainfo.xml)
+install(FILES data/vorlane.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs a built tree into a temporary prefix and checks what lands there: exactly the
-# program, its desktop entry, the MIME types and the icon, each one usable by a desktop.
+# program, its desktop entry, the MIME types, the icon, the AppStream description and the
+# manual page, each one usable by a desktop or by man.
 # Usage: check_install.sh BUILD_DIR SOURCE_DIR
 set -euo pipefail
 build=$1 source=$2
@@ -14,6 +15,8 @@ expected="bin/vorlane
 share/applications/vorlane.desktop
 share/icons/hicolor/32x32/apps/vorlane.png
 share/icons/hicolor/scalable/apps/vorlane.svg
+share/man/man1/vorlane.1
+share/metainfo/io.github.vorlane.vorlane.metainfo.xml
 share/mime/packages/vorlane.xml"
 installed=$(cd "$prefix" && find . -type f | sed 's|^\./||' | LC_ALL=C sort)
 [ "$installed" = "$expected" ] || fail "installed files differ:"$'\n'"$installed"
@@ -38,4 +41,11 @@ for pair in npc:application/x-ja2-npc edt:application/x-ja2-edt; do
   [ "$globs" = "50:$type:*.$extension" ] || fail "the glob of $type is not *.$extension in any case: $globs"
   grep -q "^MimeType=.*$type;" "$prefix/share/applications/vorlane.desktop" || fail "the desktop entry lacks $type"
 done
+# The description passes AppStream's checks with no warning, its launchable included (that needs
+# the installed tree). The check of its two web addresses needs the network and is left out.
+command -v appstreamcli >/dev/null || fail "appstreamcli is missing (Debian: appstream)"
+report=$(appstreamcli validate-tree --no-net "$prefix" 2>&1) || fail "appstreamcli: $report"
+# The manual page renders without a warning of roff's.
+report=$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/vorlane.1" 2>&1) || fail "groff: $report"
+[ -z "$report" ] || fail "groff: $report"
 echo "check_install: ok"
