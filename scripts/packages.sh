@@ -23,4 +23,4 @@ Need_Packages() {
 # What the editor needs to build and run.
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-qpa-plugins libgl-dev fonts-liberation2)
 # What the tests need besides.
-TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils shared-mime-info appstream groff-base clang libclang-rt-14-dev)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils shared-mime-info appstream groff-base clang libclang-rt-14-dev xvfb openbox)

@@ -1,5 +1,6 @@
 #include "ui/qt/about_view.h"
 
+#include <QAccessible>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
@@ -28,6 +29,7 @@ About_View::About_View(QWidget* owner, Event_Sink& sink, About_Form& form, const
   picture.loadFromData(gif.data(), static_cast<int>(gif.size()), "GIF");
   image_->setPixmap(QPixmap::fromImage(picture));
   image_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  Make_Pressable(image_, QAccessible::Graphic);
   image_->setAccessibleName("Vorlane");
   image_->installEventFilter(this);
 

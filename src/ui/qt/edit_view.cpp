@@ -118,7 +118,8 @@ Edit_View::Edit_View(QWidget* owner, Event_Sink& sink, Edit_Form& form, const Sc
   setTabOrder(o_1_, o_2_);
   setTabOrder(o_2_, com_apply_);
 
-  connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
+  connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
+    const int row = Selected_Row(list_);
     if (!form_ || row < 0) return;
     form_->List.ListIndex = row;
     Raise("List", Event::Click);
@@ -137,9 +138,8 @@ Edit_View::Edit_View(QWidget* owner, Event_Sink& sink, Edit_Form& form, const Sc
     form_->Txt_1.Text = text.toStdString();
     rendered_.txt_1 = form_->Txt_1.Text;
   });
-  // A click of a button or an option button, by mouse, key or assistive technology.
-  for (QAbstractButton* button : findChildren<QAbstractButton*>())
-    connect(button, &QAbstractButton::clicked, this, [this, button] { Raise(Control_Of(button), Event::Click); });
+  for (QRadioButton* option : {o_1_, o_2_}) Make_Option(option);
+  Wire_Buttons(this, [this](std::string_view control, Event_Args& args) { Raise(control, Event::Click, args); });
 
   // The window was placed by its start-up on an estimate of its size; place it on the real one.
   Place_Window(this, form, screen, owner);
@@ -153,7 +153,10 @@ void Edit_View::Render() {
   for (auto [widget, model, cache] :
        {std::tuple{f_1_, &f.F_1, &rendered_.f_1}, std::tuple{f_2_, &f.F_2, &rendered_.f_2},
         std::tuple{f_3_, &f.F_3, &rendered_.f_3}})
-    Set_If_Changed(*cache, model->Caption, [&](const std::string& t) { widget->setTitle(Q(t)); });
+    Set_If_Changed(*cache, model->Caption, [&](const std::string& t) {
+      widget->setTitle(Q(t));
+      widget->setAccessibleName(Q(t));
+    });
   l_1_.Render(f.L_1);
   l_h_.Render(f.L_H);
   l_2_.Render(f.L_2);

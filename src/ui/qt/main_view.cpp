@@ -1,6 +1,7 @@
 #include "ui/qt/main_view.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -114,6 +115,7 @@ void Main_View::Build_Controls() {
     auto* cell = new QLabel(client_);
     Place(cell, layout::Cell(n));
     cell->setAlignment(Qt::AlignCenter);
+    Make_Pressable(cell, QAccessible::Cell, true);
     cell->setAccessibleDescription(QString("Byte %1").arg(n));
     cells_[static_cast<std::size_t>(n - 1)] = Label_View(cell);
   }
@@ -145,7 +147,7 @@ void Main_View::Build_Controls() {
   Set_Back_Colour(list_, colour::Light_3D);
   list_->viewport()->setMouseTracking(true);
   list_->setAccessibleName("List");
-  connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { model_.List.ListIndex = row; });
+  connect(list_, &QListWidget::itemSelectionChanged, this, [this] { model_.List.ListIndex = Selected_Row(list_); });
   // A list box: one line per row, cut at the box's edge; a line wider than the box is read whole
   // in the tool tip. With rows of one size the view lays out a refill of 500 lines without
   // measuring each of them.
@@ -167,8 +169,8 @@ void Main_View::Build_Controls() {
     *button = new QPushButton(client_);
     Place(*button, Main_Geometry(name));
   }
-  com1_->setAccessibleName("Previous message");
-  com2_->setAccessibleName("Next message");
+  com1_->setAccessibleDescription("Previous message");
+  com2_->setAccessibleDescription("Next message");
 
   for (int i = 0; i < 3; ++i) {
     const std::string name = "SBar_" + std::to_string(i + 1);
@@ -187,13 +189,8 @@ void Main_View::Build_Controls() {
   setTabOrder(com1_, com2_);
   setTabOrder(com2_, com_exit_);
   for (QWidget* w : client_->findChildren<QLabel*>()) w->setFocusPolicy(Qt::NoFocus);
-  // A click of a button or the check box, by mouse, key or assistive technology.
-  for (QAbstractButton* button : client_->findChildren<QAbstractButton*>()) {
-    connect(button, &QAbstractButton::clicked, this, [this, button](bool checked) {
-      Event_Args args{.Value = checked ? 1 : 0};
-      Raise("Vorlane", Control_Of(button), Event::Click, args);
-    });
-  }
+  Wire_Buttons(client_,
+               [this](std::string_view control, Event_Args& args) { Raise("Vorlane", control, Event::Click, args); });
 }
 
 void Main_View::Build_Menus() {
@@ -224,10 +221,12 @@ void Main_View::Build_Menus() {
 
 void Main_View::Start() {
   adjustSize();
-  model_.Width = frameGeometry().width() * layout::Twips_Per_Pixel;
-  model_.Height = frameGeometry().height() * layout::Twips_Per_Pixel;
+  model_.Width = width() * layout::Twips_Per_Pixel;
+  model_.Height = height() * layout::Twips_Per_Pixel;
   Raise("Vorlane", "Vorlane", Event::Load);
-  move(Px(model_.Left), Px(model_.Top));
+  // The start-up placed the window by its size without a frame; once shown, it is placed again by
+  // the frame the window manager draws and the menu bar's real height.
+  Place_Window(this, model_, model_.platform.Screen());
   model_.SetFocus("Slider");
   Render();
 }
@@ -274,8 +273,10 @@ void Main_View::Render() {
       sbar_[i]->setText(Q(t));
       sbar_[i]->setAccessibleName(Q(t));
     });
-    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText,
-                   [&](const std::string& t) { sbar_[i]->setToolTip(Q(t)); });
+    Set_If_Changed(rendered_.sbar_tip[i], bars[i]->ToolTipText, [&](const std::string& t) {
+      sbar_[i]->setToolTip(Q(t));
+      sbar_[i]->setAccessibleDescription(Q(t));
+    });
   }
   Set_If_Changed(rendered_.txt_free, model_.Txt_Free.Text, [&](const std::string& t) {
     const QSignalBlocker block(txt_free_);

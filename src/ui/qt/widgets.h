@@ -7,9 +7,13 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPalette>
+
+class QAbstractButton;
 #include <QString>
 
+#include <functional>
 #include <optional>
+#include <string_view>
 
 #include <climits>
 #include <cstdint>
@@ -53,6 +57,7 @@ class Label_View {
   std::string caption_;
   std::int32_t back_ = INT32_MIN;
   std::string tip_;
+  QString description_;  // what the widget says of itself while it has no tool tip
   bool first_ = true;
 };
 
@@ -88,9 +93,27 @@ void Mark_Control(QWidget* widget, std::string_view name);
 // The control a widget belongs to, or the empty text.
 std::string Control_Of(const QObject* object);
 
-// Places a window of the logic on the screen: its outer size as the toolkit made it, placed by
-// the logic's rule, kept above its owner.
-void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen, QWidget* owner);
+// Places a window of the logic on the screen by the logic's rule, from the window's real outer
+// size: the frame that the window manager draws round it, menu bar included, once that frame is
+// known; before (and with no window manager at all) the window itself stands for its frame. The
+// window is kept above `owner` if one is given.
+void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen, QWidget* owner = nullptr);
+
+// Sends the clicks of every button under `root` on, by mouse, key or assistive technology: a
+// push button's click; a check box's new state, as Value; an option button's click, which is
+// its turning on (it shows no state of its own, so it is always off before).
+void Wire_Buttons(QWidget* root, std::function<void(std::string_view control, Event_Args& args)> click);
+// The row that is selected in a list, or -1: a user selects by mouse, by key, or through
+// assistive technology, which selects without moving the current row.
+int Selected_Row(const QListWidget* list);
+
+// A control that takes input by the mouse alone (a byte cell, the About picture) made workable
+// through assistive technology: it shows with this role, its press action does what a click
+// does and, with `edit`, an "Edit" action what a double click does.
+void Make_Pressable(QWidget* widget, int role, bool edit = false);
+// An option button that shows as one to assistive technology, whose press and toggle actions do
+// what a click does.
+void Make_Option(QAbstractButton* button);
 
 // Sets a property of a widget only when the model's value differs from the one rendered last.
 // The cache starts empty (a std::optional) or at a value the model never has.
