@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "gif.h"
+#include "tool_files.h"
 
 namespace {
 
@@ -94,25 +95,9 @@ std::vector<std::uint8_t> Draw_Picture() {
 int main(int argc, char* argv[]) {
   const std::string_view first = argc > 1 ? argv[1] : "";
   const bool check = argc == 3 && first == "--check";
-  if ((argc != 2 && !check) || first == "--help" || first.empty()) {
-    std::fprintf(first == "--help" ? stdout : stderr,
+  if ((argc != 2 && !check) || first == "--help" || first.empty())
+    return Usage(first,
                  "usage: vorlane_make_about_picture [--check] FILE\n"
                  "Writes the About window's picture to FILE, or with --check tells whether FILE is it.\n");
-    return first == "--help" ? 0 : 2;
-  }
-  const std::vector<std::uint8_t> picture = Draw_Picture();
-  if (check) {
-    std::ifstream in(argv[2], std::ios::binary);
-    const std::vector<std::uint8_t> file{std::istreambuf_iterator<char>(in), {}};
-    if (file == picture) return 0;
-    std::fprintf(stderr, "%s is not the picture that vorlane_make_about_picture draws\n", argv[2]);
-    return 1;
-  }
-  std::ofstream out(argv[1], std::ios::binary);
-  out.write(reinterpret_cast<const char*>(picture.data()), static_cast<std::streamsize>(picture.size()));
-  if (!out) {
-    std::fprintf(stderr, "can't write %s\n", argv[1]);
-    return 1;
-  }
-  return 0;
+  return Write_Or_Check(argv[argc - 1], Draw_Picture(), check) ? 0 : 1;
 }

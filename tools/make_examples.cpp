@@ -17,6 +17,7 @@
 
 #include "edt_text.h"
 #include "fields/field_map.h"
+#include "tool_files.h"
 
 namespace {
 
@@ -146,43 +147,21 @@ Bytes Speech_File() {
   return file;
 }
 
-Bytes Read(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
 }  // namespace
 
 int main(int argc, char* argv[]) {
   const std::string_view first = argc > 1 ? argv[1] : "";
   const bool check = argc == 3 && first == "--check";
-  if ((argc != 2 && !check) || first == "--help" || first.empty()) {
-    std::fprintf(first == "--help" ? stdout : stderr,
+  if ((argc != 2 && !check) || first == "--help" || first.empty())
+    return Usage(first,
                  "usage: vorlane_make_examples [--check] FOLDER\n"
                  "Writes 078.npc, buka/078.npc and 078.edt into FOLDER, or with --check tells whether the\n"
                  "files there are what it writes.\n");
-    return first == "--help" ? 0 : 2;
-  }
   const std::filesystem::path folder = argv[argc - 1];
   const Bytes standard = Standard_File();
   const std::pair<const char*, Bytes> files[] = {
       {"078.npc", standard}, {"buka/078.npc", Buka_File(standard)}, {"078.edt", Speech_File()}};
-  int differ = 0;
-  for (const auto& [name, bytes] : files) {
-    const std::filesystem::path path = folder / name;
-    if (check) {
-      if (Read(path) == bytes) continue;
-      std::fprintf(stderr, "%s differs from what vorlane_make_examples makes\n", path.c_str());
-      ++differ;
-      continue;
-    }
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    if (!out) {
-      std::fprintf(stderr, "cannot write %s\n", path.c_str());
-      return 1;
-    }
-  }
-  return differ == 0 ? 0 : 1;
+  bool all = true;
+  for (const auto& [name, bytes] : files) all = Write_Or_Check(folder / name, bytes, check) && all;
+  return all ? 0 : 1;
 }

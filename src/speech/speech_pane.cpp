@@ -92,6 +92,20 @@ void Show_Message(Vorlane& vForm, std::int64_t n) {
   Read_EDT(vForm);
 }
 
+// A step of << or >>: only with a speech file bound, and one that is still there; any other
+// failure ends the step without a word.
+template <class Body>
+void Step(Vorlane& vForm, Body&& body) {
+  if (vForm.Edt_Kind == 0) return;
+  try {
+    if (vForm.files.Dir(vForm.Edt_Path).empty())
+      Speech_File_Vanished(vForm);
+    else
+      body();
+  } catch (const Run_Time_Error&) {
+  }
+}
+
 }  // namespace
 
 void Check_Set_Value(Vorlane& vForm, int value) {
@@ -108,38 +122,24 @@ void Check_Click(Vorlane& vForm) {
 }
 
 void Com1_Click(Vorlane& vForm) {
-  if (vForm.Edt_Kind == 0) return;
-  try {
-    if (vForm.files.Dir(vForm.Edt_Path).empty()) {
-      Speech_File_Vanished(vForm);
-      return;
-    }
+  Step(vForm, [&] {
     const std::int64_t n = speech::Message_Number(vForm);
-    if (n - 1 < 0) {
+    if (n - 1 < 0)
       vForm.platform.Beep();
-      return;
-    }
-    Show_Message(vForm, n - 1);
-  } catch (const Run_Time_Error&) {
-  }
+    else
+      Show_Message(vForm, n - 1);
+  });
 }
 
 void Com2_Click(Vorlane& vForm) {
-  if (vForm.Edt_Kind == 0) return;
-  try {
-    if (vForm.files.Dir(vForm.Edt_Path).empty()) {
-      Speech_File_Vanished(vForm);
-      return;
-    }
+  Step(vForm, [&] {
     vForm.Edt_Entry_Size = speech::Entry_Size(vForm.Edt_Kind);
     const std::int64_t size = vForm.Edt_Entry_Size;
     const std::int64_t n = speech::Message_Number(vForm);
     // A message counts only if its whole entry is in the file.
-    if ((n + 1) * size + size > vForm.files.Length(vForm.Edt_Path)) {
+    if ((n + 1) * size + size > vForm.files.Length(vForm.Edt_Path))
       vForm.platform.Beep();
-      return;
-    }
-    Show_Message(vForm, n + 1);
-  } catch (const Run_Time_Error&) {
-  }
+    else
+      Show_Message(vForm, n + 1);
+  });
 }
