@@ -253,6 +253,31 @@ class File_Dialog_Test : public QObject {
       }
     }
   }
+
+  // A message box hands back the button pressed; Cancel in a file dialog is a dialog that fails.
+  void message_boxes_and_cancel_reach_the_logic() {
+    const struct {
+      int style;
+      QMessageBox::StandardButton pressed;
+      int answer;
+    } cases[] = {{35, QMessageBox::Yes, msgbox::Yes},
+                 {35, QMessageBox::No, msgbox::No},
+                 {35, QMessageBox::Cancel, msgbox::Cancel},
+                 {48, QMessageBox::Ok, msgbox::OK}};
+    for (const auto& c : cases) {
+      User user;
+      user.Then<QMessageBox>([&](QMessageBox* box) {
+        QCOMPARE(box->windowTitle() + "|" + box->text(), QString("VORLANE|Сохранить\nx?"));
+        box->button(c.pressed)->click();
+      });
+      QCOMPARE(window_->system.MsgBox("Сохранить\r\nx?", c.style, "VORLANE"), c.answer);
+      QVERIFY(user.Done());
+    }
+    User user;
+    user.Then<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
+    Run(nOpen_Click);
+    QVERIFY(user.Done() && model_->SBar_1.SimpleText.empty());
+  }
 };
 
 QTEST_MAIN(File_Dialog_Test)

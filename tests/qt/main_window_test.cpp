@@ -140,10 +140,13 @@ class Main_Window_Test : public QObject {
     QTest::mouseClick(Named<QPushButton>(edit, "ComOK"), Qt::LeftButton);
     QVERIFY(!model_->Edit && view_->isEnabled());
     QCOMPARE(Cell(3)->text() + Cell(4)->text(), QString("2C01"));
-    // Esc in the editor is Cancel.
+    // Esc in the editor is Cancel; its title bar's close gives the main window back too.
     view_->Raise("Vorlane", "nEdit", Event::Click);
     QTest::keyClick(Named(view_->Edit_Window(), "Txt_1"), Qt::Key_Escape);
     QVERIFY(!model_->Edit);
+    view_->Raise("Vorlane", "nEdit", Event::Click);
+    view_->Edit_Window()->close();
+    QVERIFY(!model_->Edit && view_->isEnabled());
   }
 
   // Esc and the title bar's close take the road out, which asks about unsaved changes.
