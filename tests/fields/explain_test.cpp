@@ -44,9 +44,6 @@ TEST_P(Sentences, SayWhatTheValueMeans) {
   EXPECT_TRUE(platform.Messages.empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, Sentences, testing::ValuesIn(Read_Data("sentences.txt")),
-                         [](const testing::TestParamInfo<Data_Row>& info) {
-                           return "Case" + std::to_string(info.index + 1);
-                         });
+INSTANTIATE_TEST_SUITE_P(Cases, Sentences, testing::ValuesIn(Read_Data("sentences.txt")));
 
 }  // namespace
