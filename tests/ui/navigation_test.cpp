@@ -36,9 +36,9 @@ TEST_F(Navigation, MenuAndKeypadStepAndBeepAtBothEnds) {
     Raise(window, "Vorlane", "nNext", Event::Click);
     Key(107);
     Raise(window, "Vorlane", "Slider", Event::Mouse_Move);
-    EXPECT_EQ(std::tuple(window.Slider.Value, platform.Beeps, Cells_Text(window).size(), window.nEdit.Enabled),
-              std::tuple(50, 4, file ? 64u : 0u, file));
-    EXPECT_EQ(window.L_Info_Line.Caption, file ? "Choose record (50 lines X 32 bytes)" : "");
+    EXPECT_EQ(std::tuple(window.Slider.Value, platform.Beeps, Cells_Text(window).size(), window.nEdit.Enabled,
+                         window.L_Info_Line.Caption),
+              std::tuple(50, 4, file ? 64u : 0u, file, file ? "Choose record (50 lines X 32 bytes)" : ""));
     Go(0);
   }
 }

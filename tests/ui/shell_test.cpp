@@ -14,8 +14,12 @@ TEST_F(Shell, StartsPlacedWithTheSpeechPaneOff) {
   EXPECT_EQ(std::tuple(window.Top, window.Left), std::tuple(1506, 3180));
   Position::Place_Controls(window, {6000, 5000});
   EXPECT_EQ(std::tuple(window.Top, window.Left, window.Width, window.Height), std::tuple(-666, -1500, 9000, 7000));
-  EXPECT_EQ(std::tuple(window.Check.Enabled, window.Com1.Enabled, window.Com2.Enabled, window.L_Message.Caption),
-            std::tuple(false, false, false, "0"));
+  EXPECT_EQ(std::tuple(window.Check.Enabled, window.Com1.Enabled, window.Com2.Enabled),
+            std::tuple(false, false, false));
+  EXPECT_EQ(window.Caption + "|" + window.L_NLine.Caption + "|" + window.L_NByte.Caption + "|" + window.L_Fix.Caption +
+                "|" + window.L_Fix_1.Caption + window.L_Message.Caption + "|" + window.Com1.Caption +
+                window.Com2.Caption,
+            "Vorlane|Record #0|Byte 0|Show NPC speech dialogs|№_0|<<>>");
 }
 
 TEST_F(Shell, MovingOverAnythingButACellOrTheSliderClearsTheHint) {
