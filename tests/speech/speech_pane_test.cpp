@@ -1,9 +1,6 @@
-// The speech pane as the user drives it: tick, pick a file, step, untick.
+// The speech pane as the user drives it: tick, pick a file, step, untick, and the record's byte 14.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <optional>
-#include <string>
 #include <tuple>
 #include <utility>
 
@@ -27,32 +24,29 @@ class Speech_Pane : public Window_Test {
  protected:
   Speech_Pane() { Open_Bytes("123.npc", Standard_File()); }
 
-  // Ticks Check and answers the dialog with this pick (nullopt: Cancel).
+  // A click on Check that gives it this value.
+  void Set_Check(int value) {
+    Event_Args args{value};
+    Raise(window, "Vorlane", "Check", Event::Click, args);
+  }
+  // Ticks Check; the dialog gives this pick (nullopt: Cancel).
   void Tick(std::optional<Dialog_Pick> pick) {
     platform.Picks.push_back(std::move(pick));
-    Event([&] { Check_Set_Value(window, 1); });
+    Set_Check(1);
   }
-  // Ticks with a speech file written under this name.
-  std::string Tick_With(const Bytes& file, int filter_index = 1, const std::string& name = "speech.edt") {
-    const std::string path = folder.Write(name, file);
+  std::string Tick_With(const Bytes& file, int filter_index = 1) {
+    const std::string path = folder.Write("speech.edt", file);
     Tick(Dialog_Pick{path, filter_index});
     return path;
   }
-  void Untick() {
-    Event([&] { Check_Set_Value(window, 0); });
-  }
-  void Previous() {
-    Event([&] { Com1_Click(window); });
-  }
-  void Next() {
-    Event([&] { Com2_Click(window); });
-  }
-  // The message number and text on show.
-  Pair Shown() { return {window.L_Message.Caption, window.L_Edt.Caption}; }
+  void Untick() { Set_Check(0); }
+  void Step(bool forward) { Raise(window, "Vorlane", forward ? "Com2" : "Com1", Event::Click); }
+  // The message number and the text on show.
+  Pair Shown() const { return {window.L_Message.Caption, window.L_Edt.Caption}; }
+  // Explains byte 14 of a record with this pair there (and 02 in byte 1), or of an empty record.
   void Explain_Byte_14(const char* pair) {
     Set_Cells(window, std::string(64, '0'));
-    window.L(1).Caption = "02";
-    window.L(14).Caption = pair;
+    if (pair) window.L(1).Caption = "02", window.L(14).Caption = pair;
     Event([&] { Info_For_Byte_14(window); });
   }
   void Expect_Off() {
@@ -62,27 +56,11 @@ class Speech_Pane : public Window_Test {
   }
 };
 
-TEST_F(Speech_Pane, TickingAsksForTheSpeechFileAndShowsMessage0) {
-  const std::string path = Tick_With(Speech(480, 3));
-  ASSERT_EQ(platform.Dialogs.size(), 2u);  // the NPC file's, then this one
-  EXPECT_EQ(Dialog_Line(platform.Dialogs.back()),
-            "open|4100|123.edt|Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|"
-            "(<Civ+2num>.edt or <Sector>.edt)|*.edt|Комменнтарии НПЦ (<D_+3num>.edt)|*.edt|1|"
-            "VORLANE - OPEN \"EDT\" FILE...");
-
-  EXPECT_EQ(std::tuple(window.Check.Value, window.Edt_Path, window.Edt_Kind, window.Com1.Enabled, window.Com2.Enabled),
-            std::tuple(1, path, 1, true, true));
-  EXPECT_EQ(Shown(), Pair("0", "A"));
-  EXPECT_TRUE(platform.Messages.empty());
-}
-
-// The name proposed in the dialog is the NPC file's bare name with .edt for .npc; none for a new
-// file. Cancel, or a chosen file that can't be measured, leaves the pane off without a word.
+// The dialog proposes the NPC file's bare name with .edt for .npc (none for a new file). Cancel,
+// or a chosen file that isn't there, leaves the pane off without a word.
 TEST_F(Speech_Pane, ProposedNameAndNoFile) {
   const std::pair<const char*, const char*> names[] = {
-      {"a.NpC", "a.edt"},       {".npc", ".npc"},   {"x.npc.bak", "x.npc.bak"},
-      {"файл.npc", "файл.edt"}, {"ж.npc", "ж.edt"}, {nullptr, ""},
-  };
+      {"a.NpC", "a.edt"}, {".npc", ".npc"}, {"x.npc.bak", "x.npc.bak"}, {"ж.npc", "ж.edt"}, {nullptr, ""}};
   for (const auto& [npc, proposed] : names) {
     npc ? Open_Bytes(npc, Standard_File()) : Event([&] { nNew_Click(window); });
     window.L_Edt.Caption = "old";
@@ -95,43 +73,43 @@ TEST_F(Speech_Pane, ProposedNameAndNoFile) {
   EXPECT_TRUE(platform.Messages.empty());
 }
 
-// The filter entry says what kind of file it is and so how large a message is.
-TEST_F(Speech_Pane, FilterIndexGivesTheKind) {
-  for (const auto& [index, kind, size] :
-       {std::tuple{1, 1, 480}, std::tuple{2, 3, 320}, std::tuple{3, 3, 320}, std::tuple{4, 4, 480}}) {
-    Tick_With(Speech(static_cast<std::size_t>(size), 3), index);
-    EXPECT_EQ(window.Edt_Kind, kind) << index;
-    Next();
-    EXPECT_EQ(Shown(), Pair("1", "B")) << index;
-    Untick();
-  }
-  EXPECT_EQ(platform.Beeps, 0);
-}
-
-TEST_F(Speech_Pane, ShortFileIsTakenAfterAWarning) {
-  const std::tuple<int, std::size_t, bool> cases[] = {
-      {1, 0, true},    {1, 479, true}, {1, 480, false}, {1, 500, false}, {4, 479, true},
-      {4, 480, false}, {2, 319, true}, {2, 320, false}, {3, 319, true},  {3, 480, false},
-  };
-  for (const auto& [index, length, warned] : cases) {
-    SCOPED_TRACE(std::to_string(index) + " " + std::to_string(length));
-    Untick();
+// Ticking asks for the speech file and shows message 0. The filter entry chosen tells the kind
+// of file and so the size of a message: ">>" goes to message 1 only when its entry is whole. A
+// file shorter than one message is taken after a warning.
+TEST_F(Speech_Pane, TickingBindsAFileOfTheKindChosen) {
+  const std::tuple<int, Bytes, int, int, Pair> cases[] = {
+      // filter index, file, kind, size in the warning (0: none), what ">>" shows
+      {1, Speech(480, 2), 1, 0, {"1", "B"}},  {1, Speech(480, 1), 1, 0, {"0", "A"}},
+      {1, Speech(959, 1), 1, 0, {"0", "A"}},  {1, Speech(320, 2), 1, 0, {"0", "A"}},
+      {1, Speech(479, 1), 1, 480, {"0", ""}}, {2, Speech(320, 2), 3, 0, {"1", "B"}},
+      {2, Speech(319, 1), 3, 320, {"0", ""}}, {3, Speech(320, 2), 3, 0, {"1", "B"}},
+      {3, Speech(319, 1), 3, 320, {"0", ""}}, {4, Speech(480, 2), 4, 0, {"1", "B"}},
+      {4, Speech(479, 1), 4, 480, {"0", ""}}, {4, Bytes{}, 4, 480, {"0", ""}}};
+  for (const auto& [index, file, kind, size, next] : cases) {
+    SCOPED_TRACE(std::to_string(index) + ", " + std::to_string(file.size()) + " bytes");
     platform.Messages.clear();
-    const std::string path = Tick_With(Bytes(length, 0x42), index);
-    EXPECT_EQ(window.Check.Value, 1);
-    EXPECT_TRUE(window.Com2.Enabled);
-    EXPECT_EQ(Read_File(path), Bytes(length, 0x42));
-    const std::string size = index == 1 || index == 4 ? "480" : "320";
-    const Shown_Message note{"File " + path + " < " + size + "bytes\r\nOne message have size " + size + " bytes", 48,
-                             "NOTE!"};
-    EXPECT_EQ(platform.Messages, warned ? std::vector{note} : std::vector<Shown_Message>{});
-    if (warned) {
-      EXPECT_EQ(window.L_Edt.Caption, "");  // nothing to show
-    }
+    const std::string path = Tick_With(file, index);
+    EXPECT_EQ(Dialog_Line(platform.Dialogs.back()),
+              "open|4100|123.edt|Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|"
+              "(<Civ+2num>.edt or <Sector>.edt)|*.edt|Комменнтарии НПЦ (<D_+3num>.edt)|*.edt|1|"
+              "VORLANE - OPEN \"EDT\" FILE...");
+    const std::string n = std::to_string(size);
+    std::vector<Shown_Message> note;
+    if (size)
+      note.push_back({"File " + path + " < " + n + "bytes\r\nOne message have size " + n + " bytes", 48, "NOTE!"});
+    EXPECT_EQ(platform.Messages, note);
+    EXPECT_EQ(
+        std::tuple(window.Check.Value, window.Edt_Kind, window.Edt_Path, window.Com1.Enabled, window.Com2.Enabled),
+        std::tuple(1, kind, path, true, true));
+    Step(true);
+    EXPECT_EQ(Shown(), next);
+    Untick();
   }
 }
 
-TEST_F(Speech_Pane, SteppingStopsAtBothEnds) {
+// Stepping beeps at both ends. Unticking lets the file go, and the buttons do nothing then.
+// Only a new value is a click: ticking a ticked box asks for no file.
+TEST_F(Speech_Pane, SteppingAndUnticking) {
   Tick_With(Speech(480, 3));
   const std::tuple<bool, Pair, int> steps[] = {
       // forward, shown, beeps
@@ -139,70 +117,51 @@ TEST_F(Speech_Pane, SteppingStopsAtBothEnds) {
       {true, {"2", "C"}, 2},  {false, {"1", "B"}, 2},
   };
   for (const auto& [forward, shown, beeps] : steps) {
-    forward ? Next() : Previous();
+    Step(forward);
     EXPECT_EQ(std::tuple(Shown(), platform.Beeps), std::tuple(shown, beeps));
   }
-  EXPECT_TRUE(platform.Messages.empty());
-
-  // A message counts only with its whole entry: 959 bytes hold one message of 480.
+  Set_Check(1);
+  EXPECT_EQ(std::tuple(platform.Dialogs.size(), Shown()), std::tuple(2u, Pair("1", "B")));
   Untick();
-  Tick_With(Speech(959, 1));
-  Next();
-  EXPECT_EQ(std::tuple(window.L_Message.Caption, platform.Beeps), std::tuple("0", 3));
+  Expect_Off();
+  Step(true);
+  Step(false);
+  EXPECT_EQ(std::tuple(Shown(), platform.Beeps), std::tuple(Pair("0", ""), 2));
+  EXPECT_TRUE(platform.Messages.empty());
 }
 
-TEST_F(Speech_Pane, VanishedFile) {
+TEST_F(Speech_Pane, AVanishedFileIsNamedAndThePaneGoesOff) {
   for (const bool forward : {true, false}) {
     platform.Messages.clear();
     const std::string path = Tick_With(Speech(480, 3));
-    Next();
+    Step(true);
     std::filesystem::remove(path);
-    forward ? Next() : Previous();
-    EXPECT_EQ(platform.Messages,
-              (std::vector<Shown_Message>{
-                  {"Файл " + path + " не найден!\r\n Возможно он был перемещен или удален", 16, "ERROR"}}));
+    Step(forward);
+    const Shown_Message gone{"Файл " + path + " не найден!\r\n Возможно он был перемещен или удален", 16, "ERROR"};
+    EXPECT_EQ(platform.Messages, std::vector{gone});
     Expect_Off();
     EXPECT_EQ(platform.Beeps, 0);
   }
 }
 
-// Unticking lets the file go: the buttons do nothing while no kind is bound. Only a new value
-// raises the click: ticking a ticked box asks for no file, unticking an unticked one does nothing.
-TEST_F(Speech_Pane, UntickingAndSameValue) {
-  Tick_With(Speech(480, 3));
-  Next();
-  Event([&] { Check_Set_Value(window, 1); });
-  EXPECT_EQ(std::tuple(platform.Dialogs.size(), window.L_Message.Caption), std::tuple(2u, "1"));
-  Untick();
-  Expect_Off();
-  Next();
-  Previous();
-  EXPECT_EQ(std::tuple(window.L_Message.Caption, platform.Beeps), std::tuple("0", 0));
-  window.L_Message.Caption = "x";
-  Untick();
-  EXPECT_EQ(window.L_Message.Caption, "x");
-}
-
-// The explanation of byte 14 drives a ticked pane; FF touches it only while ticked.
+// Ticked, the explanation of byte 14 shows the record's message; FF says that there is none.
 TEST_F(Speech_Pane, ByteFourteenOfTheRecord) {
-  window.L_Edt.Caption = "speech";
-  Explain_Byte_14("FF");
-  EXPECT_EQ(Shown(), Pair("0", "speech"));
-
   Tick_With(Speech(480, 3));
   Explain_Byte_14("02");
   EXPECT_EQ(Shown(), Pair("2", "C"));
   Explain_Byte_14("FF");
-  EXPECT_EQ(window.L_Info_User.Caption, "НПЦ ничего не скажет");
   EXPECT_EQ(Shown(), Pair("-1", "Игнорируетя"));
-  Previous();  // from -1, "<<" beeps and ">>" goes to message 0
+  Step(false);  // from -1, "<<" beeps and ">>" goes to message 0
   EXPECT_EQ(std::tuple(window.L_Message.Caption, platform.Beeps), std::tuple("-1", 1));
-  Next();
+  Step(true);
   EXPECT_EQ(Shown(), Pair("0", "A"));
+  Explain_Byte_14(nullptr);  // no record: the text goes, the number stays
+  EXPECT_EQ(Shown(), Pair("0", ""));
 
-  // Message 254 lies beyond what the reader can reach: in a file that holds it, that fails.
+  // Message 254 is beyond what can be read: a short file leaves the text, a long one fails.
+  Explain_Byte_14("01");
   Explain_Byte_14("FE");
-  EXPECT_EQ(std::tuple(Shown(), window.Check.Value, platform.Messages.size()), std::tuple(Pair("254", "A"), 1, 0u));
+  EXPECT_EQ(std::tuple(Shown(), window.Check.Value, platform.Messages.size()), std::tuple(Pair("254", "B"), 1, 0u));
   const std::string path = folder.Write("speech.edt", Speech(480, 255));
   Explain_Byte_14("FE");
   EXPECT_EQ(platform.Messages, (std::vector<Shown_Message>{{"Ошибка во время чтения файла\r\n" + path, 16, "ERROR"}}));

@@ -1,42 +1,26 @@
 // The About window blocks the main window while shown and goes at the first click or character
-// key. Its picture is checked in tests/qt/about_picture_test.cpp.
+// key. Its picture is checked on the real widgets.
 #include "ui/about.h"
-
-#include <optional>
 
 #include "support/fixture.h"
 
 namespace {
 
-class About_Test : public Window_Test {
- protected:
-  About_Form& Open_About() {
-    Event([&] { nAbout_Click(window); });
-    EXPECT_FALSE(window.Enabled);
-    return *window.About;
-  }
-};
+using About = Window_Test;
 
-TEST_F(About_Test, OpensCentredAndAKeyWithoutACharacterLeavesItOpen) {
-  About_Form& about = Open_About();
-  EXPECT_EQ(about.Left, (platform.Screen_Twips.Width - 6255) / 2);
-  EXPECT_EQ(about.Top, (platform.Screen_Twips.Height - 5355) / 3);
-  Event([&] { About_KeyPress(about, 0); });
-  EXPECT_NE(window.About, nullptr);
-  EXPECT_FALSE(window.Enabled);
-}
-
-TEST_F(About_Test, ACharacterOrAClickClosesItAndFocusesTheSlider) {
-  const std::optional<int> inputs[] = {1, 13, 27, ' ', 0x44F, std::nullopt};  // nothing: a click
-  for (const auto& key : inputs) {
-    SCOPED_TRACE(key ? *key : -1);
-    About_Form& about = Open_About();
+// It opens centred across the screen, a third of the free height above it. A key without a
+// character, such as a function key, leaves it open; a character or a click closes it.
+TEST_F(About, OpensCentredAndGoesAtACharacterOrAClick) {
+  for (const int key : {0, 1, 13, 27, 32, 0x44F, -1}) {  // -1: a click on the picture
+    Raise(window, "Vorlane", "nAbout", Event::Click);
+    ASSERT_NE(window.About, nullptr);
+    EXPECT_EQ(std::tuple(window.About->Left, window.About->Top, window.Enabled), std::tuple(4552, 2055, false));
     const unsigned serial = window.Focus_Serial;
-    Event([&] { key ? About_KeyPress(about, *key) : Img1_Click(about); });
-    EXPECT_EQ(window.About, nullptr);
-    EXPECT_TRUE(window.Enabled);
-    EXPECT_EQ(window.Focus, "Slider");
-    EXPECT_GT(window.Focus_Serial, serial);
+    Event_Args args{0, key};
+    key < 0 ? Raise(window, "About", "Img1", Event::Click) : Raise(window, "About", "About", Event::Key_Press, args);
+    EXPECT_EQ(std::tuple(window.About == nullptr, window.Enabled, window.Focus, window.Focus_Serial > serial),
+              std::tuple(key != 0, key != 0, key != 0 ? "Slider" : "", key != 0))
+        << key;
   }
 }
 
