@@ -74,6 +74,7 @@ Record_View Session::Record(int k) {
     return record;
   }
   record.Explained = true;
+  record.Fields.reserve(fields::All().size());
   Event([&] { Record_Exsist(window); });
   record.All_Zero = window.Work_Text_2 == "error";
   for (const Field& field : fields::All()) {
