@@ -132,10 +132,11 @@ int Check(const Args& args, std::ostream& out, std::ostream& err) {
       const std::string target_file = targets.File_Of(fs::path(file).parent_path(), npc);
       if (target_file.empty()) continue;
       const std::string& no_record = targets.No_Record(target_file, target);
-      const Field_View& passed = record.Fields[static_cast<std::size_t>(&goto_record - fields::All().data())];
-      if (!no_record.empty())
-        finding(file,
-                record.Heading + ", " + std::string(goto_record.Caption) + ": " + passed.Sentence + "; " + no_record);
+      if (no_record.empty()) continue;
+      const auto passed = std::find_if(record.Fields.begin(), record.Fields.end(),
+                                       [&](const Field_View& field) { return field.Of == &goto_record; });
+      finding(file,
+              record.Heading + ", " + std::string(goto_record.Caption) + ": " + passed->Sentence + "; " + no_record);
     }
   }
   if (failed || session.failed) return Failed;

@@ -2,8 +2,8 @@
 // on the command line.
 #pragma once
 
+#include <cstdint>
 #include <map>
-#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>

@@ -95,7 +95,8 @@ bool Session::Speech(const std::string& path, std::int16_t kind) {
   const std::string npc_file = file;
   file = path;
   Event([&] { Check_Tick_With_File(window, path, kind); });
-  if (window.Check.Value != 1) Error(std::filesystem::exists(path) ? "can't be read" : "no such file");
+  std::error_code ec;
+  if (window.Check.Value != 1) Error(std::filesystem::exists(path, ec) ? "can't be read" : "no such file");
   const bool bound = window.Check.Value == 1;
   file = npc_file;
   return bound;
