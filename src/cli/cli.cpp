@@ -100,7 +100,7 @@ that is of that variant already is left as it is.
      R"(usage: vorlane-cli check [--unknown] PATH...
 
 Checks .npc files, given as files or as folders that are searched for *.npc in any letter case,
-subfolders included. Prints one line a finding:
+subfolders included. Prints one line for each finding:
   FILE: Record #N, Byte 15: <the editor's sentence>
 Findings are the sentences that say a value is wrong (a fire mode, trigger, quest, character,
 record or leadership out of range, byte 15 against byte 14, a byte 20 or bytes 29-32 that are not
