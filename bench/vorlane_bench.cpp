@@ -1,8 +1,8 @@
 // The editor's hot paths against their budgets: every hover over the byte cells, a click, a
 // change of record, the speech pane, the seven reference lists, open, save, conversion and the
 // main window's start-up. Each step is timed on the logic alone and, where the user sees it, with
-// the Qt render pass and the repaint it causes (offscreen). A table of medians against the
-// budgets closes the run.
+// the Qt render pass and the repaint it causes (offscreen); vorlane-cli is timed as a whole
+// process. A table of medians against the budgets closes the run.
 //
 //   vorlane_bench            ten repetitions of each, medians
 //   vorlane_bench --quick    one short repetition of each: proves that every step runs
@@ -15,6 +15,11 @@
 #include <QEvent>
 #include <QThread>
 #include <QWindow>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -334,6 +339,60 @@ void Register_Files() {
   });
 }
 
+// --- vorlane-cli, whole processes ----------------------------------------------------------------
+
+// A folder of 1,000 typical files: those of characters 0 .. 169 under their own numbers, so that
+// the check looks up the records that control passes to, and 830 more beside them.
+struct Mod_Folder {
+  Temp_Folder folder;
+  Mod_Folder() {
+    const Bytes file = Typical_File();
+    for (int n = 0; n < 1000; ++n) {
+      char name[16];
+      std::snprintf(name, sizeof name, n < 170 ? "%03d.npc" : "mod%04d.npc", n);
+      folder.Write(name, file);
+    }
+  }
+};
+
+// Runs a program to its end with its output thrown away; its exit status, or -1 when it could
+// not be started.
+int Run_Process(std::vector<std::string> args) {
+  std::vector<char*> argv;
+  for (std::string& arg : args) argv.push_back(arg.data());
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+  pid_t pid = 0;
+  const int failed = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  int status = 0;
+  if (failed != 0 || waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
+  return WEXITSTATUS(status);
+}
+
+void Register_Cli() {
+  // Nothing is found in typical files: the check exits 0.
+  Add("vorlane-cli check, 1000 files/process", 1.0, [](benchmark::State& state) {
+    static Mod_Folder mod;
+    int status = 0;
+    for (auto _ : state) status = Run_Process({VORLANE_CLI, "check", mod.folder.Path("")});
+    Expect(state, status == 0, "the check failed or found something");
+  });
+  Add("vorlane-cli explain, one file/process", 5 * Milliseconds, [](benchmark::State& state) {
+    int status = 0;
+    for (auto _ : state) status = Run_Process({VORLANE_CLI, "explain", Files().npc});
+    Expect(state, status == 0, "explain failed");
+  });
+  // What any process costs on this machine: the floor under the two figures above.
+  Add("an empty program, /bin/true/process", No_Budget, [](benchmark::State& state) {
+    int status = 0;
+    for (auto _ : state) status = Run_Process({"/bin/true"});
+    Expect(state, status == 0, "/bin/true failed");
+  });
+}
+
 // Creating the main window and showing it, up to its first paint.
 class First_Paint : public QObject {
  public:
@@ -475,6 +534,7 @@ int main(int argc, char** argv) {
   Register_Lists();
   Register_Files();
   Register_Start_Up();
+  Register_Cli();
 
   benchmark::Initialize(&count, args.data());
   if (benchmark::ReportUnrecognizedArguments(count, args.data())) return 2;

@@ -1,6 +1,6 @@
-# What a desktop gets besides the program: the icon, the desktop entry, the MIME types of the
-# two file formats, the AppStream description, the manual page, and `cmake --install` to put
-# them under a prefix.
+# What a desktop gets besides the programs (the editor and vorlane-cli): the icon, the desktop
+# entry, the MIME types of the two file formats, the AppStream description, the manual pages, and
+# `cmake --install` to put them under a prefix.
 include(GNUInstallDirs)
 find_package(Qt6 REQUIRED COMPONENTS Gui)
 
@@ -17,7 +17,7 @@ add_custom_command(OUTPUT ${VORLANE_ICON_PNG}
   COMMENT "Painting the icon")
 qt_add_resources(vorlane vorlane_icon PREFIX / BASE ${CMAKE_CURRENT_BINARY_DIR}/icon FILES ${VORLANE_ICON_PNG})
 
-install(TARGETS vorlane RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS vorlane vorlane-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES data/vorlane.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES data/vorlane.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES data/vorlane.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
@@ -25,4 +25,4 @@ install(FILES ${VORLANE_ICON_PNG} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hic
 # Software centres look the description up by its component id.
 install(FILES data/vorlane.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.vorlane.vorlane.metainfo.xml)
-install(FILES data/vorlane.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES data/vorlane.1 data/vorlane-cli.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

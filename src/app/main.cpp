@@ -2,12 +2,27 @@
 #include <QApplication>
 #include <QIcon>
 
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+#include "store/file_commands.h"
 #include "ui/qt/main_view.h"
 #include "ui/qt/qt_platform.h"
 #include "ui/vorlane.h"
 
 int main(int argc, char* argv[]) {
+  const char* const usage = "usage: vorlane [FILE]\n";
+  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
+    std::fputs(usage, stdout);
+    return 0;
+  }
   QApplication app(argc, argv);
+  // Qt has taken its own options out of argv; what is left is at most the file to open.
+  if (argc > 2) {
+    std::fputs(usage, stderr);
+    return 2;
+  }
   QApplication::setApplicationName("Vorlane");
   // The desktop entry's name: under Wayland the window is matched to it, and so to its icon.
   QApplication::setDesktopFileName("vorlane");
@@ -19,5 +34,13 @@ int main(int argc, char* argv[]) {
   qtview::Main_View window(model, platform);
   window.Start();
   window.show();
+  // A file named on the command line is opened as File > Open opens it, under its full path as
+  // the dialog gives it: a file of the wrong size gets the size message, one that can't be read
+  // nothing, and the editor then starts empty.
+  if (argc == 2) {
+    std::error_code ec;
+    const std::filesystem::path file = std::filesystem::absolute(argv[1], ec);
+    window.Dispatch([&] { Open_File(model, ec ? std::string(argv[1]) : file.string()); });
+  }
   return QApplication::exec();
 }

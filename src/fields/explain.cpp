@@ -1,8 +1,10 @@
 // The sentences of the 21 fields. Each procedure finds its own row of the field table, reads
 // its cells from there and goes through its cases from the top; the first that holds is shown.
+// A case that says the value is wrong, or that its code has no name, says so in Info_Finding too.
 #include "fields/explain.h"
 
 #include <string>
+#include <utility>
 
 #include "fields/field_map.h"
 #include "speech/speech.h"
@@ -27,6 +29,18 @@ const Field& Own_Field(Explainer explain) {
     if (field.Explain == explain) return field;
   return fields::All().front();  // every procedure here has its row
 }
+
+// A sentence, and what it finds in the value.
+struct Sentence {
+  std::string Text;
+  Finding Found = Finding::None;
+
+  Sentence(std::string text, Finding found = Finding::None) : Text(std::move(text)), Found(found) {}
+  Sentence(const char* text) : Text(text) {}
+};
+
+// A sentence that says the value is wrong.
+Sentence Wrong(std::string text) { return {std::move(text), Finding::Wrong_Value}; }
 
 // A field's value both ways: most cases compare the number, a few compare the decimal text.
 struct Value {
@@ -62,38 +76,41 @@ std::string Name_Of(Table table, const Value& value) {
 
 // The common frame: an all-zero record is no record, and none of its fields is explained.
 // Otherwise the field's sentence goes to L_Info_User. Tells whether the record was explained.
-template <class Sentence>
-bool Explain(Vorlane& vForm, Sentence&& sentence) {
+template <class Cases>
+bool Explain(Vorlane& vForm, Cases&& cases) {
   Record_Exsist(vForm);
   if (vForm.Work_Text_2 == "error") {
     vForm.L_Info_User.Caption = vForm.Bad_Record_Text;
+    vForm.Info_Finding = Finding::None;
     return false;
   }
-  vForm.L_Info_User.Caption = sentence();
+  Sentence said = cases();
+  vForm.L_Info_User.Caption = std::move(said.Text);
+  vForm.Info_Finding = said.Found;
   return true;
 }
 
 // Bytes 5-6, 7-8 and 21-22 share the trigger reading and differ in their words.
-std::string Trigger_Sentence(const Vorlane& vForm, Explainer explain, const char* not_in_use, const char* verb,
-                             const char* gap_behind_number) {
+Sentence Trigger_Sentence(const Vorlane& vForm, Explainer explain, const char* not_in_use, const char* verb,
+                          const char* gap_behind_number) {
   if (Not_In_Use(vForm, explain)) return not_in_use;
   const Value v = Read_Word(vForm, explain);
   if (v.number <= vocab::Last_Trigger)
     return "Тригер №_" + v.text + " <" + Name_Of(Position::Trigger_Name, v) + "> " + verb;
-  return "№_" + v.text + gap_behind_number + "слишком большое число! (всего 500 тригеров (0-499))";
+  return Wrong("№_" + v.text + gap_behind_number + "слишком большое число! (всего 500 тригеров (0-499))");
 }
 
 // Bytes 9, 16 and 17 below 255: a quest number, above the last quest without a name.
-std::string Quest_Sentence(const Value& v, Table names, const std::string& head, const std::string& tail) {
+Sentence Quest_Sentence(const Value& v, Table names, const std::string& head, const std::string& tail) {
   if (v.number <= vocab::Last_Quest) return head + v.text + " <" + Name_Of(names, v) + ">" + tail;
-  return "Квест №_" + v.text + " <?>";
+  return Wrong("Квест №_" + v.text + " <?>");
 }
 
 // Byte 12 and bytes 27-28: a code and its name, "?" where the table has no row. A miss comes
 // back as its own digits, shorter than any name of the table.
-std::string Code_Sentence(const Value& v, Table names, std::size_t shortest_name) {
-  std::string name = Name_Of(names, v);
-  if (text::Length(name) < shortest_name) name = "?";
+Sentence Code_Sentence(const Value& v, Table names, std::size_t shortest_name) {
+  const std::string name = Name_Of(names, v);
+  if (text::Length(name) < shortest_name) return {"№_" + v.text + " <?>", Finding::Unnamed_Code};
   return "№_" + v.text + " <" + name + ">";
 }
 
@@ -102,19 +119,19 @@ std::string Code_Sentence(const Value& v, Table names, std::size_t shortest_name
 // --- Bytes 1 to 13 ----------------------------------------------------------------------------
 
 void Info_For_Bytes_1_2(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const int first = Own_Field(Info_For_Bytes_1_2).First;
     const std::string key = vForm.L(first).Caption + vForm.L(first + 1).Caption;
     if (key == "0000") return "Эта запись будет сработывать всегда, без передачи на стандартные записи";
     if (key == "0200")
       return "Эта запись сработает только один раз во всей игре и управление передастся стандартной записи";
     if (key == "0400") return "Эта запись сработает всегда и при повторе управление передастся стандартные записи";
-    return "<?>";
+    return Wrong("<?>");
   });
 }
 
 void Info_For_Bytes_3_4(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Word(vForm, Info_For_Bytes_3_4);
     if (v.number > vocab::Last_Item) return "№_" + v.text + "<?>";
     const std::string name = Name_Of(Position::Item_Name, v);
@@ -139,7 +156,7 @@ void Info_For_Bytes_7_8(Vorlane& vForm) {
 }
 
 void Info_For_Byte_9(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_9);
     if (v.text == "255") return "№_-1 Запись не проверяет получение квеста игроком";
     return Quest_Sentence(v, Position::Quest_Give_Name, "Квест №_", " уже должен быть получен игроком");
@@ -147,7 +164,7 @@ void Info_For_Byte_9(Vorlane& vForm) {
 }
 
 void Info_For_Byte_10(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_10);
     if (v.number == 255) return "Данная запись не сработает никогда!";
     if (v.number == 0) return "Данная запись сработает с начала игры";
@@ -156,7 +173,7 @@ void Info_For_Byte_10(Vorlane& vForm) {
 }
 
 void Info_For_Byte_11(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_11);
     if (v.text == "255") return "Ограничений на срабатование данной записи нет";
     if (v.text == "0") return "Данная запись не сработает никогда!";
@@ -169,10 +186,10 @@ void Info_For_Byte_12(Vorlane& vForm) {
 }
 
 void Info_For_Byte_13(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_13);
     if (v.number > 100)
-      return "Вероятно данный НПЦ никогда не вступит в диалог с игроком. (Ур. лид. должен быть " + v.text + ")";
+      return Wrong("Вероятно данный НПЦ никогда не вступит в диалог с игроком. (Ур. лид. должен быть " + v.text + ")");
     if (v.number == 0) return "Данный НПЦ вступит в диалог с игроком независимо от его уровня лидерства";
     return "Данный НПЦ вступит в диалог с игроком, при уровене лидерства игрока > " + v.text;
   });
@@ -182,7 +199,7 @@ void Info_For_Byte_13(Vorlane& vForm) {
 
 void Info_For_Byte_14(Vorlane& vForm) {
   Value v{};
-  const bool shown = Explain(vForm, [&]() -> std::string {
+  const bool shown = Explain(vForm, [&]() -> Sentence {
     v = Read_Byte(vForm, Info_For_Byte_14);
     if (v.number == 255) return "НПЦ ничего не скажет";
     return "НПЦ скажет фразу №_" + v.text;
@@ -204,13 +221,13 @@ void Info_For_Byte_14(Vorlane& vForm) {
 }
 
 void Info_For_Byte_15(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value m = Read_Byte(vForm, Info_For_Byte_14);
     const Value c = Read_Byte(vForm, Info_For_Byte_15);
     if (m.number == 255 && c.number == 1) return "НПЦ ничего не скажет";
-    if (m.number == 255) return "Байт 14 = 'FF' (НПЦ ничего не скажет), байт 15 должен быть равен '01'!";
+    if (m.number == 255) return Wrong("Байт 14 = 'FF' (НПЦ ничего не скажет), байт 15 должен быть равен '01'!");
     if (c.number == 1) return "НПЦ скажет только фразу №_" + m.text;
-    if (c.number == 0) return "По умолчанию этот байт должен быть равен '01' !";
+    if (c.number == 0) return Wrong("По умолчанию этот байт должен быть равен '01' !");
     if (c.text == "2" || c.text == "3" || c.text == "4")
       return "НПЦ скажет " + c.text + " фразы, после фразы №_" + m.text + " (включительно)";
     return "НПЦ скажет " + c.text + " фраз, после фразы №_" + m.text + " (включительно)";
@@ -218,7 +235,7 @@ void Info_For_Byte_15(Vorlane& vForm) {
 }
 
 void Info_For_Byte_16(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_16);
     if (v.number == 255) return "Данная запись не дает квестов";
     return Quest_Sentence(v, Position::Quest_Give_Name, "Игрок получает квест №_", "");
@@ -226,7 +243,7 @@ void Info_For_Byte_16(Vorlane& vForm) {
 }
 
 void Info_For_Byte_17(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_17);
     if (v.number == 255) return "Данная запись не принимает квестов";
     return Quest_Sentence(v, Position::Quest_Take_Name, "Квест №_", "");
@@ -234,29 +251,30 @@ void Info_For_Byte_17(Vorlane& vForm) {
 }
 
 void Info_For_Byte_18(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_18);
     if (v.number == 255) return "Данная запись не передает управление";
     if (v.number <= vocab::Last_Npc)
       return "Управление передается " + Name_Of(Position::Npc_Name, v) + " (№_#" + v.text + ")";
-    return "Запись не передаст управление #" + v.text + " т.к. макс. № НПЦ -169 (см. Bynarydata\\Prof.dat)";
+    return Wrong("Запись не передаст управление #" + v.text + " т.к. макс. № НПЦ -169 (см. Bynarydata\\Prof.dat)");
   });
 }
 
 void Info_For_Byte_19(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_19);
     if (v.number == 255) return "Данная запись не передает управление";
-    if (v.number >= image::Records) return "№_" + v.text + " - файл может иметь максимум 50 записей по 32 байта (0-49)";
+    if (v.number >= image::Records)
+      return Wrong("№_" + v.text + " - файл может иметь максимум 50 записей по 32 байта (0-49)");
     return "Управление передается на запись №_" + v.text + " (Record #" + std::to_string(v.number + 1) + ")";
   });
 }
 
 void Info_For_Byte_20(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_20);
     if (v.number == 0) return "Unknown byte";
-    return "Данный байт у всех существующих НПЦ = '00'!";
+    return Wrong("Данный байт у всех существующих НПЦ = '00'!");
   });
 }
 
@@ -269,7 +287,7 @@ void Info_For_Bytes_21_22(Vorlane& vForm) {
 }
 
 void Info_For_Bytes_23_24(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Word(vForm, Info_For_Bytes_23_24);
     if (v.number > vocab::Last_Item) return "№_" + v.text + " <?>";
     const std::string name = Name_Of(Position::Item_Name, v);
@@ -279,7 +297,7 @@ void Info_For_Bytes_23_24(Vorlane& vForm) {
 }
 
 void Info_For_Bytes_25_26(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     if (Not_In_Use(vForm, Info_For_Bytes_25_26)) return "Данная запись не перемещает НПЦ";
     return "НПЦ переместиться на координаты " + Read_Word(vForm, Info_For_Bytes_25_26).text;
   });
@@ -290,10 +308,10 @@ void Info_For_Bytes_27_28(Vorlane& vForm) {
 }
 
 void Info_For_Bytes_29_32(Vorlane& vForm) {
-  Explain(vForm, [&]() -> std::string {
+  Explain(vForm, [&]() -> Sentence {
     const Field& field = Own_Field(Info_For_Bytes_29_32);
     for (int n = field.First; n <= field.Last(); ++n)
-      if (vForm.L(n).Caption != "00") return "Данные байты у всех существующих НПЦ = '00'!";
+      if (vForm.L(n).Caption != "00") return Wrong("Данные байты у всех существующих НПЦ = '00'!");
     return "Unknown bytes";
   });
 }

@@ -61,6 +61,10 @@ void Reading_Failed(Vorlane& vForm) {
 
 std::int16_t speech::Entry_Size(std::int16_t kind) { return kind == 3 ? 320 : 480; }
 
+bool speech::Has_Message(std::int64_t file_size, std::int64_t entry_size, std::int64_t n) {
+  return (n + 1) * entry_size <= file_size;
+}
+
 std::int32_t speech::Message_Number(const Vorlane& vForm) {
   const auto n = number::Read_Long(vForm.L_Message.Caption);
   if (!n) throw Run_Time_Error("no message number: " + vForm.L_Message.Caption);
@@ -77,10 +81,11 @@ void Read_EDT(Vorlane& vForm) {
     // Message N is walked from the last byte of message N - 1 to its own last byte, so that
     // the look-ahead sees its first two bytes; message 0 has no byte in front of it.
     const std::int64_t size = vForm.Edt_Entry_Size;
-    const std::int64_t last = std::int64_t{speech::Message_Number(vForm)} * size + size;
+    const std::int64_t n = speech::Message_Number(vForm);
+    const std::int64_t last = n * size + size;
     const std::int64_t first = last == size ? 1 : last - size;
     if (last < INT32_MIN || last > INT32_MAX) throw Run_Time_Error("position out of range");  // 32-bit positions
-    if (vForm.Edt_File_Size < last) return;  // the message isn't in the file: nothing changes
+    if (!speech::Has_Message(vForm.Edt_File_Size, size, n)) return;  // not in the file: nothing changes
     if (last > Last_Position || first < 1) throw Run_Time_Error("position out of range");
 
     // Only the span and its look-ahead are read, however large the file.

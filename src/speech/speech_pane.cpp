@@ -37,21 +37,21 @@ std::string Proposed_Name(Vorlane& vForm) {
   return name;
 }
 
-void Tick(Vorlane& vForm) {
+// Ticking came to nothing: Check goes off again.
+void Tick_Failed(Vorlane& vForm) {
+  Check_Set_Value(vForm, 0);
+  vForm.Edt_Kind = 0;
+}
+
+// Binds the speech file at `path` of this kind and shows the message in L_Message.
+void Bind(Vorlane& vForm, const std::string& path, std::int16_t kind) {
   try {
-    vForm.CD.Flags = dialog_flag::Open;
-    vForm.CD.FileName = Proposed_Name(vForm);
-    vForm.CD.Filter = Edt_Filter;
-    vForm.CD.FilterIndex = 1;
-    vForm.CD.DialogTitle = "VORLANE - OPEN \"EDT\" FILE...";
-    if (!vForm.platform.ShowOpen(vForm.CD)) throw Run_Time_Error("cancelled");
-    vForm.Edt_Path = vForm.CD.FileName;
+    vForm.Edt_Path = path;
     const std::int64_t length = vForm.files.Length(vForm.Edt_Path);
     vForm.Com1.Enabled = true;
     vForm.Com2.Enabled = true;
 
     // A file shorter than one message is taken all the same, after a word of warning.
-    const std::int16_t kind = Kind_Of_Filter(vForm.CD.FilterIndex);
     const std::int16_t entry_size = speech::Entry_Size(kind);
     if (length < entry_size) {
       vForm.Edt_Entry_Size = entry_size;
@@ -63,9 +63,25 @@ void Tick(Vorlane& vForm) {
     vForm.Edt_Kind = kind;
     Read_EDT(vForm);
   } catch (const Run_Time_Error&) {
-    Check_Set_Value(vForm, 0);
-    vForm.Edt_Kind = 0;
+    Tick_Failed(vForm);
   }
+}
+
+void Tick(Vorlane& vForm) {
+  std::int16_t kind = 0;
+  try {
+    vForm.CD.Flags = dialog_flag::Open;
+    vForm.CD.FileName = Proposed_Name(vForm);
+    vForm.CD.Filter = Edt_Filter;
+    vForm.CD.FilterIndex = 1;
+    vForm.CD.DialogTitle = "VORLANE - OPEN \"EDT\" FILE...";
+    if (!vForm.platform.ShowOpen(vForm.CD)) throw Run_Time_Error("cancelled");
+    kind = Kind_Of_Filter(vForm.CD.FilterIndex);
+  } catch (const Run_Time_Error&) {
+    Tick_Failed(vForm);
+    return;
+  }
+  Bind(vForm, vForm.CD.FileName, kind);
 }
 
 void Untick(Vorlane& vForm) {
@@ -114,6 +130,12 @@ void Check_Set_Value(Vorlane& vForm, int value) {
   Check_Click(vForm);
 }
 
+void Check_Tick_With_File(Vorlane& vForm, const std::string& path, std::int16_t kind) {
+  // The value is written without its click event: the event would ask for the file.
+  vForm.Check.Value = 1;
+  Bind(vForm, path, kind);
+}
+
 void Check_Click(Vorlane& vForm) {
   if (vForm.Check.Value == 0)
     Untick(vForm);
@@ -136,8 +158,7 @@ void Com2_Click(Vorlane& vForm) {
     vForm.Edt_Entry_Size = speech::Entry_Size(vForm.Edt_Kind);
     const std::int64_t size = vForm.Edt_Entry_Size;
     const std::int64_t n = speech::Message_Number(vForm);
-    // A message counts only if its whole entry is in the file.
-    if ((n + 1) * size + size > vForm.files.Length(vForm.Edt_Path))
+    if (!speech::Has_Message(vForm.files.Length(vForm.Edt_Path), size, n + 1))
       vForm.platform.Beep();
     else
       Show_Message(vForm, n + 1);

@@ -74,26 +74,33 @@ void Form_Unload(Vorlane& vForm, bool& cancel) {
 }
 
 void FileOpen(Vorlane& vForm) {
+  for (;;) {
+    Set_Npc_Open(vForm.CD, "VORLANE - OPEN FILE...");
+    if (!vForm.platform.ShowOpen(vForm.CD)) return;
+    if (Open_File(vForm, vForm.CD.FileName) != Open_Result::Wrong_Size) return;
+  }
+}
+
+Open_Result Open_File(Vorlane& vForm, const std::string& path) {
   try {
-    std::vector<std::uint8_t> bytes;
-    for (;;) {
-      Set_Npc_Open(vForm.CD, "VORLANE - OPEN FILE...");
-      if (!vForm.platform.ShowOpen(vForm.CD)) return;
-      vForm.File_Path = vForm.CD.FileName;
-      if (vForm.files.Length(vForm.File_Path) == static_cast<std::int64_t>(image::File_Size)) break;
+    vForm.File_Path = path;
+    if (vForm.files.Length(vForm.File_Path) != static_cast<std::int64_t>(image::File_Size)) {
       Show_Error(vForm.platform, vForm.Work_Text, "3", msgbox::Warning, vForm.Error_Title);
+      return Open_Result::Wrong_Size;
     }
     // The whole file is read before anything of the window changes: a file that can't be read
     // leaves the file on show as it was.
-    bytes = vForm.files.Read(vForm.File_Path, 0, image::File_Size);
+    const std::vector<std::uint8_t> bytes = vForm.files.Read(vForm.File_Path, 0, image::File_Size);
     vForm.SBar_1.SimpleText = "1600 bytes";
     vForm.SBar_2.SimpleText = vForm.File_Path;
-    vForm.SBar_3.SimpleText = text::Upper(vForm.CD.FileTitle);
+    vForm.SBar_3.SimpleText = text::Upper(text::File_Title(vForm.File_Path));
     image::Load(vForm, bytes);
     CorrectBar(vForm);
     Slider_Set_Value(vForm, 0);
     Reset_Window_For_File(vForm);
+    return Open_Result::Loaded;
   } catch (const Run_Time_Error&) {
+    return Open_Result::Unreadable;
   }
 }
 

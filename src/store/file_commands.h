@@ -3,6 +3,8 @@
 // "saveas"), a result word there afterwards ("OK$", "ERROR$"), a state in Work_Text.
 #pragma once
 
+#include <string>
+
 struct Vorlane;
 
 // The path a new file shows until it is saved; it never names a file on disk.
@@ -16,7 +18,18 @@ void nSaveas_Click(Vorlane& vForm);
 // The window's unload event: cancel keeps the program open.
 void Form_Unload(Vorlane& vForm, bool& cancel);
 
+// Asks for a file and loads it through Open_File; a file of the wrong size asks again.
 void FileOpen(Vorlane& vForm);
+
+// What became of a file given to Open_File.
+enum class Open_Result { Loaded, Wrong_Size, Unreadable };
+
+// Loads the file at `path` as a file picked in the open dialog is loaded: the status bars, the
+// records, the slider at 0, Check enabled, the menus. A file that is not 1600 bytes long gets
+// the size message in a warning box, and one that can't be read is let go without a word; in
+// both cases the window stays as it was. File > Open, a file named on the editor's command line
+// and the command-line tool all load through here.
+Open_Result Open_File(Vorlane& vForm, const std::string& path);
 void GreatNewFile(Vorlane& vForm);
 void FileSave(Vorlane& vForm);
 void ForSave(Vorlane& vForm);

@@ -28,28 +28,50 @@ bool On_Show(const Vorlane& vForm, const std::string& path) {
 
 }  // namespace
 
+std::string Type_Report::Text() const {
+  return "Type: " + Type + " Records exist: " + std::to_string(Records_Exist) + " " + Remark;
+}
+
+Type_Report File_Type_Report(const Vorlane& vForm) {
+  const std::string zeros(64, '0');
+  Type_Report report;
+  for (int k = 1; k <= 49; ++k)
+    if (vForm.Record(k) != zeros) ++report.Records_Exist;
+  if (vForm.FileType == "ja") {
+    // The stump of record 50 is never counted; it is expected to be all zero.
+    if (vForm.Record(50) != zeros.substr(0, 56)) report.Remark = "Bad last record";
+    report.Type = "Агония Власти.";
+  } else {
+    if (vForm.Record(50) != zeros) ++report.Records_Exist;
+    report.Type = "JA2-eng. & UB-any ver.";
+  }
+  return report;
+}
+
+Conversion Convert_Image(const std::string& hex, int target) {
+  // 3192 characters: the 1596 bytes that stay, the mark put in front or taken away.
+  const bool buka = hex.compare(0, 8, image::Buka_Mark) == 0;
+  Conversion result;
+  if (target == npc_type::Buka && !buka) {
+    result.Image = image::Buka_Mark + hex.substr(0, 3192);
+    result.Dropped = hex.substr(3192, 8);
+  } else if (target == npc_type::Standard && buka) {
+    result.Image = hex.substr(8, 3192) + "00000000";
+  } else {
+    return result;
+  }
+  if (result.Dropped == std::string(result.Dropped.size(), '0')) result.Dropped.clear();
+  result.Needed = true;
+  return result;
+}
+
 void nCurrent_Click(Vorlane& vForm) {
   if (vForm.SBar_3.SimpleText.empty()) {
     Show_Error(vForm.platform, vForm.Work_Text, "5", msgbox::Information, "VORLANE");
     return;
   }
   try {
-    const std::string zeros(64, '0');
-    int count = 0;
-    for (int k = 1; k <= 49; ++k)
-      if (vForm.Record(k) != zeros) ++count;
-    std::string type;
-    std::string remark;
-    if (vForm.FileType == "ja") {
-      // The stump of record 50 is never counted; it is expected to be all zero.
-      if (vForm.Record(50) != zeros.substr(0, 56)) remark = "Bad last record";
-      type = "Агония Власти.";
-    } else {
-      if (vForm.Record(50) != zeros) ++count;
-      type = "JA2-eng. & UB-any ver.";
-    }
-    vForm.platform.MsgBox("Type: " + type + " Records exist: " + std::to_string(count) + " " + remark, 64,
-                          "FILE INFO:");
+    vForm.platform.MsgBox(File_Type_Report(vForm).Text(), 64, "FILE INFO:");
   } catch (const std::exception&) {
     Show_Error(vForm.platform, vForm.Work_Text, "6", msgbox::Warning, vForm.Error_Title);
   }
@@ -77,17 +99,13 @@ void nChaing_Click(Vorlane& vForm) {
     if (!vForm.platform.ShowSave(cd)) return;
     vForm.File_Path = cd.FileName;
 
-    // 3192 characters: the 1596 bytes that stay, the mark put in front or taken away.
-    if (cd.FilterIndex == npc_type::Buka) {
-      if (buka) return;
-      vForm.Work_Text_2 = image::Buka_Mark + vForm.Work_Text_2.substr(0, 3192);
-    } else if (cd.FilterIndex == npc_type::Standard) {
-      if (!buka) return;
-      vForm.Work_Text_2 = vForm.Work_Text_2.substr(8, 3192) + "00000000";
-    } else {
+    if (cd.FilterIndex != npc_type::Buka && cd.FilterIndex != npc_type::Standard) {
       Show_Error(vForm.platform, vForm.Work_Text, "4", msgbox::Critical, vForm.Error_Title);
       return;
     }
+    const Conversion conversion = Convert_Image(vForm.Work_Text_2, cd.FilterIndex);
+    if (!conversion.Needed) return;
+    vForm.Work_Text_2 = conversion.Image;
 
     // The converted file goes where the save dialog says: the proposed name converts the file in
     // place, another name writes a converted copy and leaves the file picked first as it was.

@@ -14,6 +14,11 @@
 struct Edit_Form;
 struct About_Form;
 
+// What an explanation finds in a field's value besides its sentence: nothing, a value that is
+// wrong (out of the field's range, or one that no record of the game holds), or a code that the
+// tables can't name.
+enum class Finding { None, Wrong_Value, Unnamed_Code };
+
 struct Vorlane : Form_Window {
   Vorlane(Platform& platform, Files& files = Disk());
   ~Vorlane();
@@ -82,6 +87,8 @@ struct Vorlane : Form_Window {
   std::int16_t File_Number = 0;
   std::uint8_t Byte_Buffer = 0;
   std::string Selected_Field;
+  // What the sentence in L_Info_User finds in the value; every explanation sets both together.
+  Finding Info_Finding = Finding::None;
 
   // Constants set at start-up.
   std::string Color_Normal;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs a built tree into a temporary prefix and checks what lands there: exactly the
-# program, its desktop entry, the MIME types, the icon, the AppStream description and the
-# manual page, each one usable by a desktop or by man.
+# program and its command line, its desktop entry, the MIME types, the icon, the AppStream
+# description and the manual pages, each one usable by a desktop or by man.
 # Usage: check_install.sh BUILD_DIR SOURCE_DIR
 set -euo pipefail
 build=$1 source=$2
@@ -12,15 +12,18 @@ fail() { echo "check_install: $*" >&2; exit 1; }
 cmake --install "$build" --prefix "$prefix" >/dev/null
 
 expected="bin/vorlane
+bin/vorlane-cli
 share/applications/vorlane.desktop
 share/icons/hicolor/32x32/apps/vorlane.png
 share/icons/hicolor/scalable/apps/vorlane.svg
+share/man/man1/vorlane-cli.1
 share/man/man1/vorlane.1
 share/metainfo/io.github.vorlane.vorlane.metainfo.xml
 share/mime/packages/vorlane.xml"
 installed=$(cd "$prefix" && find . -type f | sed 's|^\./||' | LC_ALL=C sort)
 [ "$installed" = "$expected" ] || fail "installed files differ:"$'\n'"$installed"
 [ -x "$prefix/bin/vorlane" ] || fail "bin/vorlane is not executable"
+"$prefix/bin/vorlane-cli" info "$source/examples/078.npc" >/dev/null || fail "bin/vorlane-cli does not run"
 cmp -s "$source/data/vorlane.svg" "$prefix/share/icons/hicolor/scalable/apps/vorlane.svg" || fail "the SVG icon is not the source's"
 
 # A 32 x 32 PNG: the signature, then the width and height of the IHDR chunk.
@@ -45,7 +48,9 @@ done
 # the installed tree). The check of its two web addresses needs the network and is left out.
 command -v appstreamcli >/dev/null || fail "appstreamcli is missing (Debian: appstream)"
 report=$(appstreamcli validate-tree --no-net "$prefix" 2>&1) || fail "appstreamcli: $report"
-# The manual page renders without a warning of roff's.
-report=$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/vorlane.1" 2>&1) || fail "groff: $report"
-[ -z "$report" ] || fail "groff: $report"
+# The manual pages render without a warning of roff's.
+for page in vorlane vorlane-cli; do
+  report=$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/$page.1" 2>&1) || fail "groff: $report"
+  [ -z "$report" ] || fail "groff: $page.1: $report"
+done
 echo "check_install: ok"

@@ -1,0 +1,146 @@
+// check: the values that the editor calls wrong, over files and whole folders.
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/cli.h"
+#include "cli/session.h"
+#include "store/convert.h"
+#include "store/image.h"
+#include "store/text.h"
+#include "store/type_report.h"
+#include "vocab/vocab.h"
+
+namespace cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Npc_Name(const fs::path& path) { return text::Upper(path.extension().string()) == ".NPC"; }
+
+// The field of this name in the field table.
+const Field& Field_Named(std::string_view name) {
+  const auto all = fields::All();
+  return *std::find_if(all.begin(), all.end(), [&](const Field& field) { return field.Name == name; });
+}
+
+// The files that records pass control to, each loaded once into a window of its own.
+class Targets {
+ public:
+  // The file of character `npc` in the folder, NNN.npc in any letter case; empty when there is
+  // none.
+  std::string File_Of(const fs::path& folder, int npc) {
+    auto [names, fresh] = folders_.try_emplace(folder);
+    if (fresh) {
+      std::error_code ec;
+      for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ec))
+        if (entry.is_regular_file(ec)) names->second[text::Upper(entry.path().filename().string())] = entry.path();
+    }
+    std::string name = std::to_string(npc);
+    name = std::string(3 - std::min<std::size_t>(3, name.size()), '0') + name + ".NPC";
+    const auto found = names->second.find(name);
+    return found == names->second.end() ? std::string() : found->second.string();
+  }
+
+  // Where record k of that file is no record, the window's words for it: the file's name as the
+  // status bar shows it, the record and what the window says of it. Empty where the record
+  // exists or the file can't be loaded.
+  const std::string& No_Record(const std::string& path, int k) {
+    auto [words, fresh] = files_.try_emplace(path, image::Records + 1);
+    if (fresh && session_.Open(path)) {
+      for (int n = 1; n <= image::Records; ++n) {
+        const Record_View record = session_.Record(n);
+        if (record.Exists()) continue;
+        const std::string& said = record.Explained ? record.Fields.front().Sentence : record.Words;
+        words->second[static_cast<std::size_t>(n)] =
+            session_.window.SBar_3.SimpleText + ", " + record.Heading + ": " + said;
+      }
+    }
+    return words->second[static_cast<std::size_t>(k)];
+  }
+
+ private:
+  std::ostringstream quiet_;  // a target that can't be loaded is checked on its own, if at all
+  Session session_{quiet_};
+  std::map<fs::path, std::map<std::string, fs::path>> folders_;
+  std::map<std::string, std::vector<std::string>> files_;
+};
+
+}  // namespace
+
+int Check(const Args& args, std::ostream& out, std::ostream& err) {
+  const bool unknown = args.Has("--unknown");
+  bool failed = false;
+
+  // The files: those given, and the .npc files of the folders given, in the order of their paths.
+  std::vector<std::string> files;
+  for (const std::string& path : args.operands) {
+    std::error_code ec;
+    if (!fs::is_directory(path, ec)) {
+      if (fs::exists(path, ec)) {
+        files.push_back(path);
+      } else {
+        err << Program << ": " << path << ": no such file or folder\n";
+        failed = true;
+      }
+      continue;
+    }
+    std::vector<std::string> found;
+    for (auto entry = fs::recursive_directory_iterator(path, fs::directory_options::skip_permission_denied, ec);
+         !ec && entry != fs::recursive_directory_iterator(); entry.increment(ec))
+      if (Npc_Name(entry->path()) && entry->is_regular_file(ec)) found.push_back(entry->path().string());
+    if (ec) {
+      err << Program << ": " << path << ": " << ec.message() << '\n';
+      failed = true;
+    }
+    std::sort(found.begin(), found.end());
+    files.insert(files.end(), found.begin(), found.end());
+  }
+
+  const Field& goto_npc = Field_Named("Goto_Npc");
+  const Field& goto_record = Field_Named("Goto_Record");
+  Session session(err);
+  Targets targets;
+  bool any = false;
+  const auto finding = [&](const std::string& file, const std::string& what) {
+    out << file << ": " << what << '\n';
+    any = true;
+  };
+  for (const std::string& file : files) {
+    std::string size_message;
+    if (!session.Open(file, &size_message)) {
+      if (!size_message.empty()) finding(file, size_message);
+      continue;
+    }
+    const std::string remark = File_Type_Report(session.window).Remark;
+    if (!remark.empty()) finding(file, remark);
+
+    for (int k = 1; k <= image::Records; ++k) {
+      const Record_View record = session.Record(k);
+      if (!record.Exists()) continue;
+      for (const Field_View& field : record.Fields)
+        if (field.Found == Finding::Wrong_Value || (unknown && field.Found == Finding::Unnamed_Code))
+          finding(file, record.Heading + ", " + std::string(field.Of->Caption) + ": " + field.Sentence);
+
+      // Control passed to a record of a character whose file lies beside this one.
+      const int npc = hex::Byte_Value(session.window.L(goto_npc.First).Caption);
+      const int target = hex::Byte_Value(session.window.L(goto_record.First).Caption) + 1;
+      if (npc > vocab::Last_Npc || target > image::Records) continue;
+      const std::string target_file = targets.File_Of(fs::path(file).parent_path(), npc);
+      if (target_file.empty()) continue;
+      const std::string& no_record = targets.No_Record(target_file, target);
+      if (no_record.empty()) continue;
+      const auto passed = std::find_if(record.Fields.begin(), record.Fields.end(),
+                                       [&](const Field_View& field) { return field.Of == &goto_record; });
+      finding(file,
+              record.Heading + ", " + std::string(goto_record.Caption) + ": " + passed->Sentence + "; " + no_record);
+    }
+  }
+  if (failed || session.failed) return Failed;
+  return any ? Found : Done;
+}
+
+}  // namespace cli

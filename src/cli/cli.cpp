@@ -1,0 +1,244 @@
+#include "cli/cli.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "cli/session.h"
+
+namespace cli {
+namespace {
+
+struct Command {
+  std::string_view Name;
+  int (*Run)(const Args&, std::ostream&, std::ostream&);
+  std::vector<std::string_view> Flags;        // options without a value
+  std::vector<std::string_view> Valued;       // options with a value
+  std::size_t Least_Operands, Most_Operands;  // how many operands it takes
+  std::string_view Help;
+};
+
+constexpr std::size_t Any = 100000;
+
+const char* const Program_Help = R"(usage: vorlane-cli COMMAND [ARGUMENTS]
+
+Reads the NPC script files (.npc) of JA2 and UB with the editor's own sentences, names and
+rules, without a window: for scripts, checks of a mod and git diff.
+
+commands:
+  explain FILE.npc          each record and field, with the sentences the editor shows
+  diff A.npc B.npc          the fields that differ, with their sentences
+  convert --to V FILE...    to the Buka or the standard variant, as Tools > Type > Change does
+  check PATH...             the values that the editor calls wrong, in files and folders
+  speech FILE.edt           the messages of a speech file
+  info FILE.npc...          the variant and the records in use
+
+"vorlane-cli COMMAND --help" tells more of each. Output is UTF-8. Exit status: 0 done,
+1 found something (findings, differences), 2 errors; an error is one line on standard error.
+)";
+
+const Command Commands[] = {
+    {"explain",
+     Explain,
+     {"--all"},
+     {"--record", "--speech", "--kind"},
+     1,
+     1,
+     R"(usage: vorlane-cli explain FILE.npc [--record N | --all] [--speech FILE.edt [--kind KIND]]
+
+Prints the file's variant and records in use, then each record that exists (that is not all
+zero): its number and its 32 bytes, and for each of its 21 fields the caption, the field's
+bytes and the sentence that the editor shows for them. A record that the editor can't show says
+so in the editor's words. The output stays the same for the same file, so that git can show
+.npc files through it (see the README).
+
+  --record N          only record N, 1 to 50, whatever it holds
+  --all               every record, those that are all zero too
+  --speech FILE.edt   under byte 14, the line it names, read from this speech file as the
+                      editor's speech pane reads it
+  --kind KIND         the kind of that speech file: npc (the default), civilian or comment;
+                      see "vorlane-cli speech --help"
+)"},
+    {"diff",
+     Diff,
+     {},
+     {},
+     2,
+     2,
+     R"(usage: vorlane-cli diff A.npc B.npc
+
+Compares two files record by record, also a file of the Buka variant with one of the standard
+variant, and prints each field whose bytes or sentence differ: the bytes and the sentence of A
+behind "-", those of B behind "+". Records that are all zero on both sides are equal. Exit
+status 0 when the files are equal, 1 when they differ.
+)"},
+    {"convert",
+     Convert,
+     {"--force"},
+     {"--to", "--output"},
+     1,
+     Any,
+     R"(usage: vorlane-cli convert --to buka|standard [--output DIR] [--force] FILE...
+
+Converts each file to the Buka variant (the Russian edition) or to the standard one, as
+Tools > Type > Change does: to Buka, the mark 39 00 35 00 goes in front and the last four bytes,
+bytes 29 to 32 of record 50, drop out; to standard, the mark goes and four zero bytes come
+behind. Each file is written whole to a new file that then takes the old one's place. A file
+that is of that variant already is left as it is.
+
+  --to VARIANT   buka or standard
+  --output DIR   write the results into this folder, each under its own name, and leave the
+                 files given as they are; a file already of that variant is copied unchanged
+  --force        convert to Buka also where bytes 29 to 32 of record 50 are not zero, and
+                 lose them; without it such a file is not converted, with an error line
+)"},
+    {"check",
+     Check,
+     {"--unknown"},
+     {},
+     1,
+     Any,
+     R"(usage: vorlane-cli check [--unknown] PATH...
+
+Checks .npc files, given as files or as folders that are searched for *.npc in any letter case,
+subfolders included. Prints one line for each finding:
+  FILE: Record #N, Byte 15: <the editor's sentence>
+Findings are the sentences that say a value is wrong (a fire mode, trigger, quest, character,
+record or leadership out of range, byte 15 against byte 14, a byte 20 or bytes 29-32 that are not
+zero); a file of the wrong size; a Buka file whose last record is not all zero; and control
+passed on (bytes 18 and 19) to a record that is all zero, when the file of that character,
+NNN.npc, lies in the same folder. Exit status 1 when anything was found.
+
+  --unknown   also the input and reaction codes that have no name ("<?>")
+)"},
+    {"speech",
+     Speech,
+     {},
+     {"--kind", "--message"},
+     1,
+     1,
+     R"(usage: vorlane-cli speech FILE.edt [--kind KIND] [--message N]
+
+Prints each whole message of a speech file as "N: text", decoded as the editor's speech pane
+decodes it, or only message N.
+
+  --kind KIND   npc: NPC dialogues, <3num>.edt, 480 bytes a message (the default);
+                civilian: civilians' dialogues, <Civ+2num>.edt or <Sector>.edt, 320 bytes;
+                comment: NPC comments, <D_+3num>.edt, 480 bytes
+  --message N   only message N
+)"},
+    {"info",
+     Info,
+     {},
+     {},
+     1,
+     Any,
+     R"(usage: vorlane-cli info FILE.npc...
+
+Prints what Tools > Type > Current says of a file: its variant, the number of records in use
+and, for a Buka file whose last record is not all zero, "Bad last record". With more than one
+file, each line starts with the file's name.
+)"},
+};
+
+bool Listed(const std::vector<std::string_view>& options, std::string_view name) {
+  return std::find(options.begin(), options.end(), name) != options.end();
+}
+
+// The options and operands of a command, in any order; "--" ends the options. Usage_Error for
+// what the command doesn't take.
+Args Parse(const Command& command, const std::vector<std::string>& words) {
+  Args args;
+  bool options_end = false;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (options_end || word.size() < 2 || word[0] != '-') {
+      args.operands.push_back(word);
+      continue;
+    }
+    if (word == "--") {
+      options_end = true;
+      continue;
+    }
+    const std::size_t equals = word.find('=');
+    const std::string name = word.substr(0, equals);
+    if (Listed(command.Flags, name) && equals == std::string::npos) {
+      args.options[name] = "";
+    } else if (Listed(command.Valued, name)) {
+      if (equals == std::string::npos && i + 1 == words.size()) throw Usage_Error{name + " needs a value"};
+      args.options[name] = equals == std::string::npos ? words[++i] : word.substr(equals + 1);
+    } else {
+      throw Usage_Error{"unknown option " + word};
+    }
+  }
+  const std::size_t count = args.operands.size();
+  if (count < command.Least_Operands) throw Usage_Error{"too few arguments"};
+  if (count > command.Most_Operands) throw Usage_Error{"too many arguments"};
+  return args;
+}
+
+}  // namespace
+
+std::string Args::Value(const std::string& option, const std::string& otherwise) const {
+  const auto found = options.find(option);
+  return found == options.end() ? otherwise : found->second;
+}
+
+int Number_Option(const Args& args, const std::string& option, int first, int last) {
+  const std::string text = args.Value(option);
+  const bool digits = !text.empty() && text.size() <= 9 && text.find_first_not_of("0123456789") == std::string::npos;
+  const int number = digits ? std::stoi(text) : -1;
+  if (number < first || number > last)
+    throw Usage_Error{option + " takes a number from " + std::to_string(first) + " to " + std::to_string(last)};
+  return number;
+}
+
+std::int16_t Speech_Kind(const Args& args) {
+  // The kinds of the speech pane's open dialog: NPC dialogues, civilians' dialogues, comments.
+  const std::string kind = args.Value("--kind", "npc");
+  if (kind == "npc") return 1;
+  if (kind == "civilian") return 3;
+  if (kind == "comment") return 4;
+  throw Usage_Error{"--kind is npc, civilian or comment, not " + kind};
+}
+
+int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  if (args.empty()) {
+    err << Program_Help;
+    return Failed;
+  }
+  const std::string& name = args[0];
+  if (name == "--help" || name == "-h" || (name == "help" && args.size() == 1)) {
+    out << Program_Help;
+    return Done;
+  }
+  if (name == "--version") {
+    out << Program << ' ' << VORLANE_VERSION << '\n';
+    return Done;
+  }
+  const bool help = name == "help";
+  const std::string& wanted = help ? args[1] : name;
+  const Command* command = nullptr;
+  for (const Command& c : Commands)
+    if (c.Name == wanted) command = &c;
+  if (!command) {
+    err << Program << ": no command " << wanted << " (see vorlane-cli --help)\n";
+    return Failed;
+  }
+  const std::vector<std::string> words(args.begin() + (help ? 2 : 1), args.end());
+  const auto asks_help = [&](std::string_view word) { return word == "--help" || word == "-h"; };
+  if (help || std::any_of(words.begin(), words.end(), asks_help)) {
+    out << command->Help;
+    return Done;
+  }
+  try {
+    return command->Run(Parse(*command, words), out, err);
+  } catch (const Usage_Error& error) {
+    err << Program << ' ' << command->Name << ": " << error.what << " (see vorlane-cli " << command->Name
+        << " --help)\n";
+  } catch (const Program_Ended&) {
+    // The message that ended it is already out.
+  }
+  return Failed;
+}
+
+}  // namespace cli

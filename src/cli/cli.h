@@ -1,0 +1,45 @@
+// vorlane-cli: the editor's explanations, checks and conversion for whole folders of NPC files,
+// on the command line.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace cli {
+
+// Runs the program with these arguments, the program's name left out; returns the exit status.
+int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+// A command's arguments: the operands in order, and the options given ("--all" -> "",
+// "--record" -> "7").
+struct Args {
+  std::vector<std::string> operands;
+  std::map<std::string, std::string> options;
+
+  bool Has(const std::string& option) const { return options.count(option) != 0; }
+  std::string Value(const std::string& option, const std::string& otherwise = {}) const;
+};
+
+// The commands. Each writes its output to `out` and its error lines to `err`.
+int Explain(const Args& args, std::ostream& out, std::ostream& err);
+int Diff(const Args& args, std::ostream& out, std::ostream& err);
+int Convert(const Args& args, std::ostream& out, std::ostream& err);
+int Check(const Args& args, std::ostream& out, std::ostream& err);
+int Speech(const Args& args, std::ostream& out, std::ostream& err);
+int Info(const Args& args, std::ostream& out, std::ostream& err);
+
+// A bad argument that the parser of the options can't see: its message, and the program stops
+// before it has touched any file.
+struct Usage_Error {
+  std::string what;
+};
+
+// A whole number from first to last given to an option; Usage_Error for anything else.
+int Number_Option(const Args& args, const std::string& option, int first, int last);
+// The kind of speech file named by --kind: npc (the default), civilian or comment.
+std::int16_t Speech_Kind(const Args& args);
+
+}  // namespace cli

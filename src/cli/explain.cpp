@@ -1,0 +1,95 @@
+// explain, diff and info: a file as the editor reads it, record by record and field by field.
+#include <string>
+
+#include "cli/cli.h"
+#include "cli/session.h"
+#include "store/image.h"
+#include "store/type_report.h"
+
+namespace cli {
+namespace {
+
+// The columns of a field's line: its caption, its bytes, its sentence.
+constexpr std::size_t Caption_Width = 11;  // "Bytes 29-32"
+constexpr std::size_t Bytes_Width = 11;    // "00 00 00 00"
+
+std::string Padded(std::string text, std::size_t width) {
+  if (text.size() < width) text.append(width - text.size(), ' ');
+  return text;
+}
+
+void Print_Record(std::ostream& out, const Record_View& record) {
+  out << '\n' << record.Heading << ": " << record.Bytes << '\n';
+  if (!record.Explained) {
+    out << "  " << record.Words << '\n';
+    return;
+  }
+  for (const Field_View& field : record.Fields) {
+    out << "  " << Padded(std::string(field.Of->Caption), Caption_Width) << "  " << Padded(field.Bytes, Bytes_Width)
+        << "  " << field.Sentence << '\n';
+    if (!field.Speech.empty()) out << std::string(2 + Caption_Width + 2 + Bytes_Width + 2, ' ') << field.Speech << '\n';
+  }
+}
+
+// All its cells read 00: no record, whether it is all zero or the stump of a Buka file.
+bool Empty(const Record_View& record) { return record.Bytes.find_first_not_of("0 ") == std::string::npos; }
+
+}  // namespace
+
+int Explain(const Args& args, std::ostream& out, std::ostream& err) {
+  if (args.Has("--record") && args.Has("--all")) throw Usage_Error{"--record and --all go not together"};
+  if (args.Has("--kind") && !args.Has("--speech")) throw Usage_Error{"--kind goes with --speech"};
+  const int only = args.Has("--record") ? Number_Option(args, "--record", 1, image::Records) : 0;
+  const std::int16_t kind = Speech_Kind(args);
+
+  Session session(err);
+  if (!session.Open(args.operands[0])) return Failed;
+  if (args.Has("--speech")) session.Speech(args.Value("--speech"), kind);
+  out << File_Type_Report(session.window).Text() << '\n';
+  for (int k = only ? only : 1; k <= (only ? only : image::Records); ++k) {
+    const Record_View record = session.Record(k);
+    if (only || args.Has("--all") || record.Exists()) Print_Record(out, record);
+  }
+  return session.failed ? Failed : Done;
+}
+
+int Diff(const Args& args, std::ostream& out, std::ostream& err) {
+  Session a(err);
+  Session b(err);
+  const bool a_open = a.Open(args.operands[0]);
+  if (!b.Open(args.operands[1]) || !a_open) return Failed;
+
+  bool differ = false;
+  for (int k = 1; k <= image::Records; ++k) {
+    const Record_View left = a.Record(k);
+    const Record_View right = b.Record(k);
+    if (Empty(left) && Empty(right)) continue;
+    for (std::size_t i = 0; i < left.Fields.size(); ++i) {
+      const Field_View& l = left.Fields[i];
+      const Field_View& r = right.Fields[i];
+      if (l.Bytes == r.Bytes && l.Sentence == r.Sentence) continue;
+      if (!differ) {
+        out << "--- " << a.file << ": " << File_Type_Report(a.window).Text() << '\n';
+        out << "+++ " << b.file << ": " << File_Type_Report(b.window).Text() << '\n';
+        differ = true;
+      }
+      out << '\n' << left.Heading << ", " << l.Of->Caption << '\n';
+      out << "  - " << Padded(l.Bytes, Bytes_Width) << "  " << l.Sentence << '\n';
+      out << "  + " << Padded(r.Bytes, Bytes_Width) << "  " << r.Sentence << '\n';
+    }
+  }
+  if (a.failed || b.failed) return Failed;
+  return differ ? Found : Done;
+}
+
+int Info(const Args& args, std::ostream& out, std::ostream& err) {
+  Session session(err);
+  for (const std::string& path : args.operands) {
+    if (!session.Open(path)) continue;
+    if (args.operands.size() > 1) out << path << ": ";
+    out << File_Type_Report(session.window).Text() << '\n';
+  }
+  return session.failed ? Failed : Done;
+}
+
+}  // namespace cli

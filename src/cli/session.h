@@ -1,0 +1,110 @@
+// The command line's way into the logic: a main window with nobody in front of it. The commands
+// load files, move the slider and call the explanations as the editor does, and read the
+// window's labels; what the window would show in a message box becomes an error line.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "fields/field_map.h"
+#include "store/file_commands.h"
+#include "ui/events.h"
+#include "ui/platform.h"
+#include "ui/vorlane.h"
+
+namespace cli {
+
+// The exit status: done, found something (findings, differences), failed.
+enum Exit { Done = 0, Found = 1, Failed = 2 };
+
+// The line that starts every error message.
+inline constexpr const char* Program = "vorlane-cli";
+
+// A window whose program has ended at once, after a fatal message: the command can't go on.
+struct Program_Ended {};
+
+// No window and no dialogs: a message box is kept for the session to pass on, a question is
+// cancelled and a file dialog too.
+class Headless_Platform : public Platform {
+ public:
+  struct Box {
+    std::string Prompt;
+    int Style;
+  };
+  std::vector<Box> Boxes;  // shown and not yet passed on
+  int Beeps = 0;
+
+  int MsgBox(const std::string& prompt, int style, const std::string&) override {
+    Boxes.push_back({prompt, style});
+    return style == msgbox::Question_Yes_No_Cancel ? msgbox::Cancel : msgbox::OK;
+  }
+  bool ShowOpen(Common_Dialog&) override { return false; }
+  bool ShowSave(Common_Dialog&) override { return false; }
+  void Beep() override { ++Beeps; }
+  Screen_Size Screen() override { return {15360, 11520}; }
+  void Mouse_Pointer(int) override {}
+  void End_Program() override {}
+};
+
+// One field of the record on show, as the editor explains it.
+struct Field_View {
+  const Field* Of = nullptr;
+  std::string Bytes;     // its cells, a blank between two
+  std::string Sentence;  // L_Info_User
+  Finding Found = Finding::None;
+  std::string Speech;  // byte 14 with a speech file bound: L_Edt, when a message was read
+};
+
+// One record as the window shows it.
+struct Record_View {
+  std::string Heading;             // L_NLine: "Record #7"
+  std::string Bytes;               // every cell that has a caption, a blank between two
+  bool Explained = false;          // the byte grid takes the mouse, and the fields have their sentences
+  bool All_Zero = false;           // explained, and every field says Bad record: no record
+  std::string Words;               // of a record the grid shuts out, what L_Info_User says instead
+  std::vector<Field_View> Fields;  // the 21 fields; those of a record shut out say its Words
+  bool Exists() const { return Explained && !All_Zero; }
+};
+
+class Session {
+ public:
+  // Error lines go to `err`; `file` names the file they are about.
+  explicit Session(std::ostream& err);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  Headless_Platform platform;
+  Vorlane window{platform};
+  std::string file;
+  bool failed = false;  // an error line was written
+
+  // Runs a step of the logic as an event of the window. Message boxes become error lines;
+  // Program_Ended when a fatal failure would have ended the editor.
+  template <class Step>
+  void Event(Step&& step) {
+    Fire(window, std::forward<Step>(step));
+    Pass_On_Boxes();
+  }
+  // Writes "vorlane-cli: FILE: what" and counts the session as failed.
+  void Error(const std::string& what);
+
+  // Loads a file as File > Open does. A file of the wrong size leaves the window's message in
+  // `size_message` (an error line when none is given); a file that can't be read gets an error
+  // line. Tells whether the file was loaded.
+  bool Open(const std::string& path, std::string* size_message = nullptr);
+  // Shows record k, 1 .. 50, and reads what the window says of it and of each of its fields.
+  Record_View Record(int k);
+  // Ticks the speech pane with this file of this kind; false, with an error line, when it
+  // can't be bound.
+  bool Speech(const std::string& path, std::int16_t kind);
+
+ private:
+  void Pass_On_Boxes();
+  std::ostream& err_;
+};
+
+// The cells first .. last of the record on show, a blank between two; empty cells are left out.
+std::string Cells(const Vorlane& window, int first, int last);
+
+}  // namespace cli
