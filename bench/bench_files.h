@@ -2,7 +2,7 @@
 // speech file with a message for each of them, in a temporary folder of their own.
 #pragma once
 
-#include "support/temp_folder.h"
+#include "support/files.h"
 
 // A record as the games' files hold them: conditions on an item, a trigger and a quest, a
 // message, a quest given, control passed on, a trigger set and an item handed over, most of them

@@ -12,9 +12,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTemporaryDir>
-
-#include <fstream>
 
 #include "qt/qt_support.h"
 
@@ -49,7 +46,6 @@ class Accessibility_Test : public QObject {
   Q_OBJECT
 
  private:
-  QTemporaryDir folder_;
   std::unique_ptr<Qt_Window> window_;
   Vorlane* model_ = nullptr;
   QWidget* W(const char* name) { return Named(&window_->view, name); }
@@ -58,11 +54,7 @@ class Accessibility_Test : public QObject {
   void init() {
     window_ = std::make_unique<Qt_Window>();
     model_ = &window_->model;
-    const std::string path = folder_.filePath("075.npc").toStdString();
-    std::vector<char> bytes(1600, 1);
-    std::ofstream(path, std::ios::binary).write(bytes.data(), 1600);
-    window_->platform.Picks.push_back(Dialog_Pick{path});
-    window_->view.Raise("Vorlane", "nOpen", Event::Click);
+    window_->Open("075.npc", Bytes(1600, 1));
   }
   void cleanup() { window_.reset(); }
 

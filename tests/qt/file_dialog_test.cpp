@@ -6,14 +6,11 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <chrono>
-
 #include <deque>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
 #include "qt/qt_support.h"
@@ -100,29 +97,13 @@ class File_Dialog_Test : public QObject {
   Q_OBJECT
 
  private:
-  QTemporaryDir folder_;
   std::unique_ptr<Qt_Window> window_;
   Scripted_Platform* platform_ = nullptr;
   Vorlane* model_ = nullptr;
-  qtview::Main_View* view_ = nullptr;
 
-  std::string Path(const std::string& name) { return folder_.filePath(QString::fromStdString(name)).toStdString(); }
-  std::string Write(const std::string& name, const std::vector<char>& bytes) {
-    std::ofstream(Path(name), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return Path(name);
-  }
-  std::vector<char> Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-  static std::vector<char> Buka() {
-    std::vector<char> bytes(1600, 7);
-    bytes[0] = 0x39, bytes[1] = 0, bytes[2] = 0x35, bytes[3] = 0;
-    return bytes;
-  }
-  void Run(void (*handler)(Vorlane&)) {
-    view_->Dispatch([&] { handler(*model_); });
-  }
+  std::string Path(const std::string& name) { return window_->folder.Path(name); }
+  std::string Write(const std::string& name, const Bytes& bytes) { return window_->folder.Write(name, bytes); }
+  void Run(const char* menu_item) { window_->view.Raise("Vorlane", menu_item, Event::Click); }
 
  private slots:
   void init() {
@@ -130,13 +111,12 @@ class File_Dialog_Test : public QObject {
     platform_ = &window_->platform;
     platform_->Real_Dialogs = true;
     model_ = &window_->model;
-    view_ = &window_->view;
   }
   void cleanup() { window_.reset(); }
 
   // Open: the entry and the name chosen come back; a name that doesn't exist is not taken.
   void open_hands_back_the_chosen_entry_and_name() {
-    const std::string path = Write("078.npc", std::vector<char>(1600, 0));
+    const std::string path = Write("078.npc", Bytes(1600, 0));
     for (int row : {0, 1}) {
       User user;
       user.Then<QFileDialog>([=, this](QFileDialog* dialog) {
@@ -151,7 +131,7 @@ class File_Dialog_Test : public QObject {
         said = box->text().contains("no such.npc");
         box->button(QMessageBox::Ok)->click();
       });
-      Run(nOpen_Click);
+      Run("nOpen");
       QVERIFY(user.Done() && said);
       QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, row + 1);
       QCOMPARE(model_->SBar_2.SimpleText, path);
@@ -161,34 +141,34 @@ class File_Dialog_Test : public QObject {
 
   // Save as: a name without extension is used as typed; an existing name is asked about first.
   void save_as_takes_the_name_as_typed_and_asks_before_overwriting() {
-    Run(nNew_Click);
+    Run("nNew");
     for (int row : {0, 1}) {
       const std::string name = "plain" + std::to_string(row);
       User user;
       Answer(user, row, Path(name));
-      Run(nSaveas_Click);
+      Run("nSaveas");
       QVERIFY(user.Done());
       QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, row + 1);
       QCOMPARE(platform_->Dialogs.back().Result.FileTitle, name);
-      QCOMPARE(Read(Path(name)), std::vector<char>(1600, 0));
+      QCOMPARE(Read_File(Path(name)), Bytes(1600, 0));
     }
     fs::resize_file(Path("plain0"), 10);
     User user;
     Answer(user, 0, Path("plain0"));
     Press_Yes(user);
-    Run(nSaveas_Click);
+    Run("nSaveas");
     QVERIFY(user.Done());
-    QCOMPARE(Read(Path("plain0")).size(), std::size_t(1600));
+    QCOMPARE(Read_File(Path("plain0")).size(), std::size_t(1600));
   }
 
   // Change: picking the type the file already has leaves it alone; the other type converts it.
   void conversion_acts_on_the_type_chosen() {
-    const std::vector<char> standard(1600, 7);
+    const Bytes standard = Standard_File();
     const struct {
-      std::vector<char> file;
+      Bytes file;
       int row;
       bool converted;
-    } cases[] = {{standard, 1, false}, {standard, 0, true}, {Buka(), 0, false}, {Buka(), 1, true}};
+    } cases[] = {{standard, 1, false}, {standard, 0, true}, {Buka_File(), 0, false}, {Buka_File(), 1, true}};
     for (const auto& c : cases) {
       const std::string path = Write("075.npc", c.file);
       fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(1));
@@ -197,10 +177,10 @@ class File_Dialog_Test : public QObject {
       Answer(user, 0, path);
       Answer(user, c.row, path);
       Press_Yes(user);  // the proposed name is the file itself
-      Run(nChaing_Click);
+      Run("nChaing");
       QVERIFY(user.Done());
       QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, c.row + 1);
-      QCOMPARE(Read(path) != c.file, c.converted);
+      QCOMPARE(Read_File(path) != c.file, c.converted);
       QCOMPARE(fs::last_write_time(path) != time, c.converted);
     }
   }
@@ -210,72 +190,55 @@ class File_Dialog_Test : public QObject {
   void speech_dialog_entry_is_the_kind_of_file() {
     {
       User user;
-      Answer(user, 0, Write("078.npc", std::vector<char>(1600, 0)));
-      Run(nOpen_Click);
+      Answer(user, 0, Write("078.npc", Bytes(1600, 0)));
+      Run("nOpen");
     }
-    const std::string short_file = Write("short.edt", std::vector<char>(300, 0x42));
+    const std::string short_file = Write("short.edt", Bytes(300, 0x42));
     // "A", then 00 00 05: the end of the text in a comment, nothing in the other kinds.
-    std::vector<char> message{0x42, 0, 0, 5, 0x43};
+    Bytes message{0x42, 0, 0, 5, 0x43};
     message.resize(480);
     const std::string speech = Write("speech.edt", message);
-    const struct {
-      int row, kind;
-      std::string size;
-      std::string text;
-    } cases[] = {{0, 1, "480",
-                  "A\x04"
-                  "B"},
-                 {1, 3, "320",
-                  "A\x04"
-                  "B"},
-                 {2, 3, "320",
-                  "A\x04"
-                  "B"},
-                 {3, 4, "480", "A"}};
-    for (const auto& c : cases) {
+    const std::string both = std::string("A\x04") + "B";
+    for (const auto& c :
+         {std::tuple{0, 1, "480", both}, {1, 3, "320", both}, {2, 3, "320", both}, {3, 4, "480", "A"}}) {
+      const auto& [row, kind, size, text] = c;
       for (const std::string& edt : {short_file, speech}) {
         platform_->Messages.clear();
         User user;
-        Answer(user, c.row, edt, [](QFileDialog* dialog) {
+        Answer(user, row, edt, [](QFileDialog* dialog) {
           QCOMPARE(dialog->findChild<QLineEdit*>("fileNameEdit")->text(), QString("078.edt"));
         });
-        view_->Dispatch([&] { Check_Set_Value(*model_, 1); });
+        window_->view.Dispatch([&] { Check_Set_Value(*model_, 1); });
         QVERIFY(user.Done());
-        QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, c.row + 1);
-        QCOMPARE(model_->Edt_Kind, c.kind);
+        QCOMPARE(platform_->Dialogs.back().Result.FilterIndex, row + 1);
+        QCOMPARE(model_->Edt_Kind, kind);
         if (edt == short_file)
-          QCOMPARE(platform_->Prompts(),
-                   std::vector<std::string>{"File " + edt + " < " + c.size + "bytes\r\nOne message have size " +
-                                            c.size + " bytes"});
+          QCOMPARE(platform_->Prompts(), std::vector<std::string>{"File " + edt + " < " + size +
+                                                                  "bytes\r\nOne message have size " + size + " bytes"});
         else
-          QCOMPARE(model_->L_Edt.Caption, c.text);
-        view_->Dispatch([&] { Check_Set_Value(*model_, 0); });
+          QCOMPARE(model_->L_Edt.Caption, text);
+        window_->view.Dispatch([&] { Check_Set_Value(*model_, 0); });
       }
     }
   }
 
   // A message box hands back the button pressed; Cancel in a file dialog is a dialog that fails.
   void message_boxes_and_cancel_reach_the_logic() {
-    const struct {
-      int style;
-      QMessageBox::StandardButton pressed;
-      int answer;
-    } cases[] = {{35, QMessageBox::Yes, msgbox::Yes},
-                 {35, QMessageBox::No, msgbox::No},
-                 {35, QMessageBox::Cancel, msgbox::Cancel},
-                 {48, QMessageBox::Ok, msgbox::OK}};
-    for (const auto& c : cases) {
+    for (const auto& [style, pressed, answer] : {std::tuple{35, QMessageBox::Yes, msgbox::Yes},
+                                                 {35, QMessageBox::No, msgbox::No},
+                                                 {35, QMessageBox::Cancel, msgbox::Cancel},
+                                                 {48, QMessageBox::Ok, msgbox::OK}}) {
       User user;
       user.Then<QMessageBox>([&](QMessageBox* box) {
         QCOMPARE(box->windowTitle() + "|" + box->text(), QString("VORLANE|Сохранить\nx?"));
-        box->button(c.pressed)->click();
+        box->button(pressed)->click();
       });
-      QCOMPARE(window_->system.MsgBox("Сохранить\r\nx?", c.style, "VORLANE"), c.answer);
+      QCOMPARE(window_->system.MsgBox("Сохранить\r\nx?", style, "VORLANE"), answer);
       QVERIFY(user.Done());
     }
     User user;
     user.Then<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
-    Run(nOpen_Click);
+    Run("nOpen");
     QVERIFY(user.Done() && model_->SBar_1.SimpleText.empty());
   }
 };

@@ -8,9 +8,6 @@
 #include <QSlider>
 #include <QStyle>
 #include <QStyleOptionSlider>
-#include <QTemporaryDir>
-
-#include <fstream>
 
 #include "qt/qt_support.h"
 #include "store/image.h"
@@ -22,20 +19,14 @@ class Main_Window_Test : public QObject {
   Q_OBJECT
 
  private:
-  QTemporaryDir folder_;
   std::unique_ptr<Qt_Window> window_;
   Scripted_Platform* platform_ = nullptr;
   Vorlane* model_ = nullptr;
   qtview::Main_View* view_ = nullptr;
 
-  // Opens a standard file whose record k holds the bytes k, k+1, ..., and shows record k.
+  // Opens a standard file and shows this record.
   void Open_At(int record) {
-    std::vector<char> bytes(1600);
-    for (int i = 0; i < 1600; ++i) bytes[static_cast<std::size_t>(i)] = static_cast<char>(i / 32 + 1 + i % 32);
-    const std::string path = folder_.filePath("075.npc").toStdString();
-    std::ofstream(path, std::ios::binary).write(bytes.data(), 1600);
-    platform_->Picks.push_back(Dialog_Pick{path});
-    view_->Raise("Vorlane", "nOpen", Event::Click);
+    window_->Open("075.npc", Standard_File());
     Named<QSlider>(view_, "Slider")->setValue(record);
   }
   QLabel* L(const char* name) { return Named<QLabel>(view_, name); }
@@ -95,7 +86,7 @@ class Main_Window_Test : public QObject {
     QApplication::sendEvent(slider, &drag);
     QTest::mouseRelease(slider, Qt::LeftButton, {}, quarter);
     QVERIFY(model_->Slider.Value > 5 && model_->Slider.Value < 20);
-    QCOMPARE(Cell(1)->text().toInt(nullptr, 16), model_->Slider.Value);
+    QCOMPARE(Cell(1)->text().toInt(nullptr, 16), model_->Slider.Value);  // record k begins with k
   }
 
   void hover_lights_the_field_a_click_pins_it_and_other_controls_clear_the_hint() {
@@ -161,18 +152,6 @@ class Main_Window_Test : public QObject {
     QVERIFY(view_->close());
     QCOMPARE(platform_->Messages.size(), std::size_t(3));
     QVERIFY(platform_->Messages[0].Prompt.starts_with("Сохранить "));
-  }
-
-  void the_list_shows_its_selected_line_as_tool_tip() {
-    Named<QAction>(view_, "nNPC_Names")->trigger();
-    auto* list = Named<QListWidget>(view_, "List");
-    QCOMPARE(list->count(), 170);
-    list->setCurrentRow(2);
-    Move_Over(list->viewport());
-    QCOMPARE(list->toolTip(), QString("№_2 (02)   Рысь"));
-    Named<QAction>(view_, "nKey_1")->trigger();
-    Move_Over(list->viewport());
-    QCOMPARE(list->toolTip(), QString());
   }
 
   void the_about_window_is_an_elliptic_topmost_picture() {

@@ -32,7 +32,6 @@ class Placement_Test : public QObject {
   void every_window_stands_a_third_of_the_free_height_down() {
     Qt_Window window;
     Expect_Placed(&window.view);
-    window.platform.Picks.push_back(std::nullopt);
     window.view.Raise("Vorlane", "nNew", Event::Click);
     window.view.Raise("Vorlane", "nNext", Event::Click);
     window.view.Raise("Vorlane", "nEdit", Event::Click);

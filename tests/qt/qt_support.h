@@ -1,5 +1,6 @@
 // Shared ground for the real-widget tests: a main window on real widgets, with the scripted
-// platform in front of the Qt platform, and helpers to find widgets by their control names.
+// platform in front of the Qt platform, in a folder of its own; and helpers to find widgets by
+// their control names.
 #pragma once
 
 #include <QApplication>
@@ -8,11 +9,13 @@
 
 #include <string>
 
+#include "support/files.h"
 #include "support/scripted_platform.h"
 #include "ui/qt/main_view.h"
 #include "ui/qt/qt_platform.h"
 
 struct Qt_Window {
+  Temp_Folder folder;
   qtview::Qt_Platform system;
   Scripted_Platform platform{&system};
   Vorlane model{platform};
@@ -21,6 +24,11 @@ struct Qt_Window {
   Qt_Window() {
     view.Start();
     view.show();
+  }
+  // Opens these bytes, written under the name, through File > Open.
+  void Open(const std::string& name, const Bytes& bytes) {
+    platform.Picks.push_back(Dialog_Pick{folder.Write(name, bytes)});
+    view.Raise("Vorlane", "nOpen", Event::Click);
   }
 };
 

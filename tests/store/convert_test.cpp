@@ -1,4 +1,5 @@
-// The conversions between hex pairs, decimal text, numbers and texts, row by row from the data.
+// The conversions between hex pairs, decimal text, numbers and texts, row by row from the data,
+// and the character's name added to a file name.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -10,9 +11,12 @@
 #include "store/convert.h"
 #include "store/error_text.h"
 #include "store/failure.h"
+#include "store/file_commands.h"
 #include "store/number.h"
 #include "store/text.h"
 #include "support/data.h"
+#include "support/scripted_platform.h"
+#include "ui/vorlane.h"
 
 namespace {
 
@@ -51,6 +55,14 @@ const std::map<std::string, Conversion>& Conversions() {
       {"last_4", [](std::string t) { return text::Right(t, 4); }},
       {"upper", [](std::string t) { return text::Upper(t); }},
       {"file_title", [](std::string t) { return text::File_Title(t); }},
+      {"correct_bar",  // the file name in SBar_3 gets the character's name
+       [](std::string t) {
+         Scripted_Platform platform;
+         Vorlane window(platform);
+         window.SBar_3.SimpleText = t;
+         CorrectBar(window);
+         return window.SBar_3.SimpleText;
+       }},
   };
   return conversions;
 }

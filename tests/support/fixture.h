@@ -1,5 +1,5 @@
-// Shared ground for the logic tests: a temporary folder, NPC files made byte by byte, and a
-// started main window on a scripted platform.
+// Shared ground for the logic tests: a started main window on the scripted platform, in a
+// temporary folder of its own.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,38 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "support/files.h"
 #include "support/scripted_platform.h"
-#include "support/temp_folder.h"
 #include "ui/vorlane.h"
-
-// A standard file whose record k (1 .. 50) holds the bytes k, k+1, .. k+31 (mod 256): every
-// byte tells its record and position.
-Bytes Standard_File();
-// A Buka file: the mark, then records 1 .. 49 as in Standard_File, then 28 bytes of record 50.
-Bytes Buka_File();
-// The 32 bytes of record k within a file made by Standard_File / Buka_File.
-Bytes Record_Bytes(int k);
-// Record k of a file of either kind replaced by these bytes (28 of them for the Buka stump).
-void Put_Record(Bytes& file, bool buka, int k, const Bytes& record);
-
-// The real disk, except that writing a file fails half way through its bytes.
-class Failing_Disk : public Disk_Files {
- protected:
-  void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override;
-};
-
-// While it lives, the folder takes no new file: it is immutable, or, where that can't be had, it
-// loses its write permission (which root passes).
-class Folder_Without_New_Files {
- public:
-  explicit Folder_Without_New_Files(const std::string& path);
-  ~Folder_Without_New_Files();
-
- private:
-  std::string path_;
-  int fd_;
-  bool immutable_ = false;
-};
 
 // The 32 captions of the byte cells joined, "" for an empty cell.
 std::string Cells_Text(const Vorlane& vForm);

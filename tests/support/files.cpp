@@ -1,0 +1,103 @@
+#include "support/files.h"
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include <fstream>
+#include <iterator>
+#include <random>
+#include "store/failure.h"
+
+namespace fs = std::filesystem;
+
+Temp_Folder::Temp_Folder() {
+  std::random_device random;
+  root_ = fs::temp_directory_path() / ("vorlane-test-" + std::to_string(random()) + std::to_string(random()));
+  fs::create_directories(root_);
+}
+
+Temp_Folder::~Temp_Folder() {
+  std::error_code ec;
+  fs::permissions(root_, fs::perms::owner_all, fs::perm_options::add, ec);
+  fs::remove_all(root_, ec);
+}
+
+std::string Temp_Folder::Write(const std::string& name, const Bytes& bytes) const {
+  const std::string path = Path(name);
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  return path;
+}
+
+std::vector<std::string> Temp_Folder::Names() const {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(root_)) names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+Bytes Read_File(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return Bytes(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+Bytes Record_Bytes(int k) {
+  Bytes record(32);
+  for (int n = 0; n < 32; ++n) record[static_cast<std::size_t>(n)] = static_cast<std::uint8_t>((k + n) % 256);
+  return record;
+}
+
+Bytes Standard_File() {
+  Bytes file;
+  for (int k = 1; k <= 50; ++k) {
+    const Bytes record = Record_Bytes(k);
+    file.insert(file.end(), record.begin(), record.end());
+  }
+  return file;
+}
+
+Bytes Buka_File() {
+  Bytes file{0x39, 0x00, 0x35, 0x00};
+  for (int k = 1; k <= 50; ++k) {
+    const Bytes record = Record_Bytes(k);
+    file.insert(file.end(), record.begin(), record.begin() + (k == 50 ? 28 : 32));
+  }
+  return file;
+}
+
+void Put_Record(Bytes& file, bool buka, int k, const Bytes& record) {
+  const std::size_t offset = (buka ? 4 : 0) + 32 * static_cast<std::size_t>(k - 1);
+  const std::size_t count = buka && k == 50 ? 28 : 32;
+  std::copy(record.begin(), record.begin() + static_cast<std::ptrdiff_t>(count),
+            file.begin() + static_cast<std::ptrdiff_t>(offset));
+}
+
+void Failing_Disk::Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) {
+  Disk_Files::Write_Chunk(fd, data, size / 2);
+  throw Run_Time_Error("disk full");
+}
+
+Folder_Without_New_Files::Folder_Without_New_Files(const std::string& path)
+    : path_(path), fd_(::open(path.c_str(), O_RDONLY | O_DIRECTORY)) {
+  int flags = 0;
+  if (::ioctl(fd_, FS_IOC_GETFLAGS, &flags) == 0) {
+    flags |= FS_IMMUTABLE_FL;
+    immutable_ = ::ioctl(fd_, FS_IOC_SETFLAGS, &flags) == 0;
+  }
+  if (!immutable_)
+    std::filesystem::permissions(path, std::filesystem::perms::owner_write, std::filesystem::perm_options::remove);
+}
+
+Folder_Without_New_Files::~Folder_Without_New_Files() {
+  int flags = 0;
+  if (immutable_ && ::ioctl(fd_, FS_IOC_GETFLAGS, &flags) == 0) {
+    flags &= ~FS_IMMUTABLE_FL;
+    ::ioctl(fd_, FS_IOC_SETFLAGS, &flags);
+  }
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
+  ::close(fd_);
+}

@@ -1,0 +1,59 @@
+// Files for the tests and benchmarks: a folder of its own for each, removed afterwards; files
+// read whole; NPC files made byte by byte; disks that fail.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "store/files.h"
+
+using Bytes = std::vector<std::uint8_t>;
+
+class Temp_Folder {
+ public:
+  Temp_Folder();
+  ~Temp_Folder();
+  Temp_Folder(const Temp_Folder&) = delete;
+  Temp_Folder& operator=(const Temp_Folder&) = delete;
+
+  std::string Path(const std::string& name) const { return (root_ / name).string(); }
+  std::string Write(const std::string& name, const Bytes& bytes) const;
+  // The names of the entries in the folder, sorted.
+  std::vector<std::string> Names() const;
+
+ private:
+  std::filesystem::path root_;
+};
+
+Bytes Read_File(const std::string& path);
+
+// A standard file whose record k (1 .. 50) holds the bytes k, k+1, .. k+31 (mod 256): every
+// byte tells its record and position.
+Bytes Standard_File();
+// A Buka file: the mark, then records 1 .. 49 as in Standard_File, then 28 bytes of record 50.
+Bytes Buka_File();
+// The 32 bytes of record k within a file made by Standard_File / Buka_File.
+Bytes Record_Bytes(int k);
+// Record k of a file of either kind replaced by these bytes (28 of them for the Buka stump).
+void Put_Record(Bytes& file, bool buka, int k, const Bytes& record);
+
+// The real disk, except that writing a file fails half way through its bytes.
+class Failing_Disk : public Disk_Files {
+ protected:
+  void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override;
+};
+
+// While it lives, the folder takes no new file: it is immutable, or, where that can't be had, it
+// loses its write permission (which root passes).
+class Folder_Without_New_Files {
+ public:
+  explicit Folder_Without_New_Files(const std::string& path);
+  ~Folder_Without_New_Files();
+
+ private:
+  std::string path_;
+  int fd_;
+  bool immutable_ = false;
+};
