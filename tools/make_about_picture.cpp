@@ -93,11 +93,11 @@ std::vector<std::uint8_t> Draw_Picture() {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const std::string_view first = argc > 1 ? argv[1] : "";
-  const bool check = argc == 3 && first == "--check";
-  if ((argc != 2 && !check) || first == "--help" || first.empty())
-    return Usage(first,
-                 "usage: vorlane_make_about_picture [--check] FILE\n"
-                 "Writes the About window's picture to FILE, or with --check tells whether FILE is it.\n");
-  return Write_Or_Check(argv[argc - 1], Draw_Picture(), check) ? 0 : 1;
+  int status = 0;
+  const auto target =
+      Target_Of(argc, argv,
+                "usage: vorlane_make_about_picture [--check] FILE\n"
+                "Writes the About window's picture to FILE, or with --check tells whether FILE is it.\n",
+                status);
+  return !target ? status : Write_Or_Check(target->Path, Draw_Picture(), target->Check) ? 0 : 1;
 }

@@ -150,18 +150,18 @@ Bytes Speech_File() {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const std::string_view first = argc > 1 ? argv[1] : "";
-  const bool check = argc == 3 && first == "--check";
-  if ((argc != 2 && !check) || first == "--help" || first.empty())
-    return Usage(first,
-                 "usage: vorlane_make_examples [--check] FOLDER\n"
-                 "Writes 078.npc, buka/078.npc and 078.edt into FOLDER, or with --check tells whether the\n"
-                 "files there are what it writes.\n");
-  const std::filesystem::path folder = argv[argc - 1];
+  int status = 0;
+  const auto target =
+      Target_Of(argc, argv,
+                "usage: vorlane_make_examples [--check] FOLDER\n"
+                "Writes 078.npc, buka/078.npc and 078.edt into FOLDER, or with --check tells whether the\n"
+                "files there are what it writes.\n",
+                status);
+  if (!target) return status;
   const Bytes standard = Standard_File();
   const std::pair<const char*, Bytes> files[] = {
       {"078.npc", standard}, {"buka/078.npc", Buka_File(standard)}, {"078.edt", Speech_File()}};
   bool all = true;
-  for (const auto& [name, bytes] : files) all = Write_Or_Check(folder / name, bytes, check) && all;
+  for (const auto& [name, bytes] : files) all = Write_Or_Check(target->Path / name, bytes, target->Check) && all;
   return all ? 0 : 1;
 }

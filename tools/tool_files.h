@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +16,20 @@ inline int Usage(std::string_view first_argument, const char* usage) {
   const bool asked = first_argument == "--help";
   std::fputs(usage, asked ? stdout : stderr);
   return asked ? 0 : 2;
+}
+
+// The arguments "[--check] PATH" of a generator: the path and whether to check it, or nothing,
+// with the usage shown and `status` to exit with, for --help or other arguments.
+struct Target {
+  std::filesystem::path Path;
+  bool Check = false;
+};
+inline std::optional<Target> Target_Of(int argc, char* argv[], const char* usage, int& status) {
+  const std::string_view first = argc > 1 ? argv[1] : "";
+  const bool check = argc == 3 && first == "--check";
+  if ((argc == 2 && first != "--help" && !first.empty()) || check) return Target{argv[argc - 1], check};
+  status = Usage(first, usage);
+  return std::nullopt;
 }
 
 // Writes the bytes to the path, or with `check` tells whether the file there holds them. False,
