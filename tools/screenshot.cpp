@@ -6,13 +6,13 @@
 #include <QDir>
 #include <QPixmap>
 
-#include <cstdio>
 #include <string_view>
 
 #include "fields/field_map.h"
 #include "speech/speech.h"
 #include "store/file_commands.h"
 #include "support/scripted_platform.h"
+#include "tool_files.h"
 #include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
@@ -27,16 +27,14 @@ void Save(QWidget* widget, const QString& path) { widget->grab().save(path); }
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  QApplication app(argc, argv);
-  const std::string_view first = argc > 1 ? argv[1] : "";
-  if (argc < 2 || first == "--help") {
-    std::fprintf(first == "--help" ? stdout : stderr,
+  // The usage is answered before Qt looks for a display, so that it works anywhere.
+  if (argc < 2 || std::string_view(argv[1]) == "--help")
+    return Usage(argc > 1 ? argv[1] : "",
                  "usage: vorlane_screenshot OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]\n"
                  "Saves pictures of the windows into OUT_DIR: main.png and about.png; with an NPC file also\n"
                  "record.png and edit.png, the record RECORD read with the field of byte cell CELL lit and,\n"
                  "with a speech file, its line shown.\n");
-    return first == "--help" ? 0 : 2;
-  }
+  QApplication app(argc, argv);
   const QString out = QString::fromLocal8Bit(argv[1]);
   QDir().mkpath(out);
   qtview::Qt_Platform system;
