@@ -4,9 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 
-#include "store/file_commands.h"
 #include "ui/qt/main_view.h"
 #include "ui/qt/qt_platform.h"
 #include "ui/vorlane.h"
@@ -34,13 +32,6 @@ int main(int argc, char* argv[]) {
   qtview::Main_View window(model, platform);
   window.Start();
   window.show();
-  // A file named on the command line is opened as File > Open opens it, under its full path as
-  // the dialog gives it: a file of the wrong size gets the size message, one that can't be read
-  // nothing, and the editor then starts empty.
-  if (argc == 2) {
-    std::error_code ec;
-    const std::filesystem::path file = std::filesystem::absolute(argv[1], ec);
-    window.Dispatch([&] { Open_File(model, ec ? std::string(argv[1]) : file.string()); });
-  }
+  if (argc == 2) window.Open_Named(argv[1]);
   return QApplication::exec();
 }

@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QStyle>
+#include <QDir>
 #include <QStyleOptionSlider>
 
 #include "qt/qt_support.h"
@@ -152,6 +153,19 @@ class Main_Window_Test : public QObject {
     QVERIFY(view_->close());
     QCOMPARE(platform_->Messages.size(), std::size_t(3));
     QVERIFY(platform_->Messages[0].Prompt.starts_with("Сохранить "));
+  }
+
+  void a_file_named_at_start_opens_as_file_open_does() {
+    window_->folder.Write("short.npc", Bytes(1599));
+    const std::string full = window_->folder.Write("075.npc", Standard_File());
+    QVERIFY(QDir::setCurrent(QString::fromStdString(window_->folder.Path(""))));
+    view_->Open_Named("short.npc");
+    QCOMPARE(platform_->Messages, (std::vector<Shown_Message>{{"Неверный размер файла", msgbox::Warning, "ERROR"}}));
+    QVERIFY(!Named(view_, "Check")->isEnabled());
+    view_->Open_Named("075.npc");
+    QCOMPARE(model_->SBar_2.SimpleText, full);
+    QVERIFY(Named(view_, "Check")->isEnabled());
+    QDir::setCurrent(QDir::tempPath());  // the folder goes with the test
   }
 
   void the_about_window_is_an_elliptic_topmost_picture() {

@@ -18,8 +18,10 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
+#include <filesystem>
 #include <tuple>
 
+#include "store/file_commands.h"
 #include "ui/layout.h"
 #include "ui/navigation.h"
 #include "ui/qt/about_view.h"
@@ -229,6 +231,12 @@ void Main_View::Start() {
   Place_Window(this, model_, model_.platform.Screen());
   model_.SetFocus("Slider");
   Render();
+}
+
+void Main_View::Open_Named(const std::string& name) {
+  std::error_code ec;
+  const std::filesystem::path file = std::filesystem::absolute(name, ec);
+  Dispatch([&] { Open_File(model_, ec ? name : file.string()); });
 }
 
 bool Main_View::Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) {

@@ -50,7 +50,6 @@ class Label_View {
  public:
   explicit Label_View(QLabel* widget = nullptr) : widget_(widget) {}
   void Render(const Label& model);
-  QLabel* Widget() const { return widget_; }
 
  private:
   QLabel* widget_;
