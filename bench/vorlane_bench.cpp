@@ -34,18 +34,20 @@
 
 #include "bench_files.h"
 #include "fields/field_map.h"
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "store/file_commands.h"
+#include "store/conversion.h"
 #include "store/type_report.h"
 #include "support/scripted_platform.h"
 #include "ui/byte_grid.h"
 #include "ui/events.h"
 #include "ui/navigation.h"
-#include "ui/qt/main_view.h"
-#include "ui/qt/qt_platform.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
 #include "ui/reference_lists.h"
 #include "ui/shell.h"
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 
 namespace {
 

@@ -1,14 +1,21 @@
 # The logic: every behaviour of the editor, without any toolkit header. The one list of its
 # sources, for the editor's build and for the fuzz build; VORLANE_ROOT is the source tree.
 set(VORLANE_LOGIC_SOURCES
-  src/store/convert.cpp
+  src/system/files.cpp
+  src/system/text.cpp
+  src/form/about_form.cpp
+  src/form/edit_form.cpp
+  src/form/events.cpp
+  src/form/layout.cpp
+  src/form/record_tests.cpp
+  src/form/vorlane.cpp
+  src/store/conversion.cpp
   src/store/error_text.cpp
   src/store/file_commands.cpp
-  src/store/files.cpp
+  src/store/hex.cpp
   src/store/image.cpp
   src/store/npc_dialogs.cpp
   src/store/number.cpp
-  src/store/text.cpp
   src/store/type_report.cpp
   src/fields/byte_help.cpp
   src/fields/explain.cpp
@@ -26,12 +33,9 @@ set(VORLANE_LOGIC_SOURCES
   src/ui/byte_grid.cpp
   src/ui/edit.cpp
   src/ui/events.cpp
-  src/ui/layout.cpp
   src/ui/navigation.cpp
-  src/ui/record_tests.cpp
   src/ui/reference_lists.cpp
-  src/ui/shell.cpp
-  src/ui/vorlane.cpp)
+  src/ui/shell.cpp)
 list(TRANSFORM VORLANE_LOGIC_SOURCES PREPEND "${VORLANE_ROOT}/")
 
 # The About window's picture is the file data/about.gif, compiled in as bytes.
@@ -42,7 +46,7 @@ string(REGEX REPLACE "(..)" "0x\\1," about_bytes "${about_hex}")
 string(REGEX REPLACE "((0x..,){16})" "\\1\n    " about_bytes "${about_bytes}")
 file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/generated/about_picture.cpp" @ONLY CONTENT
 "// The bytes of data/about.gif, written by the build.
-#include \"ui/about.h\"
+#include \"form/about_form.h\"
 
 namespace {
 constexpr std::uint8_t Picture[] = {

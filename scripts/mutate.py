@@ -28,7 +28,7 @@ import sys
 import time
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-LOGIC_DIRS = ["src/store", "src/fields", "src/vocab", "src/speech", "src/ui"]
+LOGIC_DIRS = ["src/system", "src/form", "src/store", "src/fields", "src/vocab", "src/speech", "src/ui"]
 WORK = os.path.join(ROOT, "build", "mutate")
 TREE = os.path.join(WORK, "tree")
 BUILD = os.path.join(WORK, "build")

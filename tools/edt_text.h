@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "speech/speech.h"
+#include "speech/cp1251.h"
 
 inline std::vector<std::uint8_t> Edt_Entry(std::string_view text, std::size_t entry_size) {
   std::vector<std::uint8_t> entry;

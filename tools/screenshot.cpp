@@ -9,7 +9,8 @@
 #include <string_view>
 
 #include "fields/field_map.h"
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "store/file_commands.h"
 #include "support/scripted_platform.h"
 #include "tool_files.h"
@@ -17,8 +18,8 @@
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
 #include "ui/navigation.h"
-#include "ui/qt/main_view.h"
-#include "ui/qt/qt_platform.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 
 #include "cli/cli.h"
 #include "cli/session.h"
-#include "store/convert.h"
+#include "store/hex.h"
 #include "store/image.h"
-#include "store/text.h"
+#include "system/text.h"
 #include "store/type_report.h"
 #include "vocab/vocab.h"
 

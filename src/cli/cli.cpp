@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "cli/session.h"
+#include "speech/edt_reader.h"
 
 namespace cli {
 namespace {
@@ -192,15 +193,11 @@ int Number_Option(const Args& args, const std::string& option, int first, int la
   return number;
 }
 
-std::int16_t Speech_Kind(const Args& args) {
-  // The kinds of the speech pane's open dialog: NPC dialogues, civilians' dialogues, comments.
-  const std::string kind = args.Value("--kind", "npc");
-  if (kind == "npc") return 1;
-  if (kind == "civilian") return 3;
-  if (kind == "comment") return 4;
-  throw Usage_Error{"--kind is npc, civilian or comment, not " + kind};
+Speech_Kind Speech_Kind_Option(const Args& args) {
+  const std::string name = args.Value("--kind", "npc");
+  if (const std::optional<Speech_Kind> kind = speech::Kind_Named(name)) return *kind;
+  throw Usage_Error{"--kind is npc, civilian or comment, not " + name};
 }
-
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
   if (args.empty()) {
     err << Program_Help;

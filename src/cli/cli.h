@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "form/vorlane.h"
+
 namespace cli {
 
 // Runs the program with these arguments, the program's name left out; returns the exit status.
@@ -40,6 +42,6 @@ struct Usage_Error {
 // A whole number from first to last given to an option; Usage_Error for anything else.
 int Number_Option(const Args& args, const std::string& option, int first, int last);
 // The kind of speech file named by --kind: npc (the default), civilian or comment.
-std::int16_t Speech_Kind(const Args& args);
+Speech_Kind Speech_Kind_Option(const Args& args);
 
 }  // namespace cli

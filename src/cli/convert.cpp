@@ -6,9 +6,10 @@
 
 #include "cli/cli.h"
 #include "cli/session.h"
-#include "store/failure.h"
+#include "system/failure.h"
 #include "store/image.h"
 #include "store/npc_dialogs.h"
+#include "store/conversion.h"
 #include "store/type_report.h"
 
 namespace cli {
@@ -21,11 +22,6 @@ std::string Spaced(const std::string& hex) {
   std::string spaced;
   for (std::size_t p = 0; p + 1 < hex.size(); p += 2) spaced += (p ? " " : "") + hex.substr(p, 2);
   return spaced;
-}
-
-bool Same_File(const std::string& a, const std::string& b) {
-  std::error_code ec;
-  return fs::equivalent(a, b, ec);
 }
 
 // Writes the image to `path` as saves do: a new file that then takes the old one's place.
@@ -66,7 +62,7 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err) {
   for (const std::string& path : args.operands) {
     if (!session.Open(path)) continue;
     const std::string output = into ? (folder / fs::path(path).filename()).string() : path;
-    const bool elsewhere = into && !Same_File(output, path);
+    const bool elsewhere = into && !session.window.files.Same_File(output, path);
     const Conversion conversion = Convert_Image(session.window.HexImage, target);
     if (!conversion.Needed) {
       const std::string type = File_Type_Report(session.window).Type;

@@ -40,7 +40,7 @@ int Explain(const Args& args, std::ostream& out, std::ostream& err) {
   if (args.Has("--record") && args.Has("--all")) throw Usage_Error{"--record and --all go not together"};
   if (args.Has("--kind") && !args.Has("--speech")) throw Usage_Error{"--kind goes with --speech"};
   const int only = args.Has("--record") ? Number_Option(args, "--record", 1, image::Records) : 0;
-  const std::int16_t kind = Speech_Kind(args);
+  const Speech_Kind kind = Speech_Kind_Option(args);
 
   Session session(err);
   if (!session.Open(args.operands[0])) return Failed;

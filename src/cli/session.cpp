@@ -3,9 +3,10 @@
 #include <filesystem>
 
 #include "fields/explain.h"
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "ui/navigation.h"
-#include "ui/record_tests.h"
+#include "form/record_tests.h"
 #include "ui/shell.h"
 
 namespace cli {
@@ -91,7 +92,7 @@ Record_View Session::Record(int k) {
   return record;
 }
 
-bool Session::Speech(const std::string& path, std::int16_t kind) {
+bool Session::Speech(const std::string& path, Speech_Kind kind) {
   const std::string npc_file = file;
   file = path;
   Event([&] { Check_Tick_With_File(window, path, kind); });

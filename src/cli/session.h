@@ -10,8 +10,8 @@
 #include "fields/field_map.h"
 #include "store/file_commands.h"
 #include "ui/events.h"
-#include "ui/platform.h"
-#include "ui/vorlane.h"
+#include "form/platform.h"
+#include "form/vorlane.h"
 
 namespace cli {
 
@@ -97,7 +97,7 @@ class Session {
   Record_View Record(int k);
   // Ticks the speech pane with this file of this kind; false, with an error line, when it
   // can't be bound.
-  bool Speech(const std::string& path, std::int16_t kind);
+  bool Speech(const std::string& path, Speech_Kind kind);
 
  private:
   void Pass_On_Boxes();

@@ -4,12 +4,13 @@
 
 #include "cli/cli.h"
 #include "cli/session.h"
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 
 namespace cli {
 
 int Speech(const Args& args, std::ostream& out, std::ostream& err) {
-  const std::int16_t kind = Speech_Kind(args);
+  const Speech_Kind kind = Speech_Kind_Option(args);
   const bool one = args.Has("--message");
   const int wanted = one ? Number_Option(args, "--message", 0, std::numeric_limits<int>::max()) : 0;
 
@@ -28,10 +29,7 @@ int Speech(const Args& args, std::ostream& out, std::ostream& err) {
       session.Error("no message " + std::to_string(wanted));
       return Failed;
     }
-    session.Event([&] {
-      window.L_Message.Caption = std::to_string(wanted);
-      Read_EDT(window);
-    });
+    session.Event([&] { Show_Message(window, wanted); });
     print();
   } else if (whole(0)) {
     // Then ">>" until it beeps at the last whole message, or the pane goes off after a message

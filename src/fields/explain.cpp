@@ -7,12 +7,13 @@
 #include <utility>
 
 #include "fields/field_map.h"
-#include "speech/speech.h"
-#include "store/convert.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
+#include "store/hex.h"
 #include "store/image.h"
-#include "store/text.h"
-#include "ui/record_tests.h"
-#include "ui/vorlane.h"
+#include "system/text.h"
+#include "form/record_tests.h"
+#include "form/vorlane.h"
 #include "vocab/vocab.h"
 
 namespace {

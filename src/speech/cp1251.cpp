@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "speech/speech.h"
+#include "speech/cp1251.h"
 
 namespace cp1251 {
 namespace {

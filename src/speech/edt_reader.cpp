@@ -7,11 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/cp1251.h"
+#include "form/events.h"
 #include "store/error_text.h"
-#include "store/failure.h"
+#include "system/failure.h"
 #include "store/number.h"
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 
 namespace {
 
@@ -40,7 +42,7 @@ void Decode(Vorlane& vForm, const std::vector<std::uint8_t>& bytes, std::int16_t
       if (p + 2 > vForm.Edt_File_Size) break;
       const std::uint8_t b1 = at(p + 1);
       const std::uint8_t b2 = at(p + 2);
-      if (vForm.Edt_Kind == 4 && b1 == 0x00 && b2 != 0x01) break;  // comments end at any 00 00 but "я"
+      if (vForm.Edt_Kind == Npc_Comments && b1 == 0x00 && b2 != 0x01) break;  // comments end at any 00 00 but "я"
       if (b1 == 0x00 && b2 == 0x00) break;
       if (b1 == 0x00 && b2 == 0x01) text += cp1251::Character(0xFF);
     } else {
@@ -59,7 +61,14 @@ void Reading_Failed(Vorlane& vForm) {
 
 }  // namespace
 
-std::int16_t speech::Entry_Size(std::int16_t kind) { return kind == 3 ? 320 : 480; }
+std::int16_t speech::Entry_Size(Speech_Kind kind) { return kind == Civilian_Dialogues ? 320 : 480; }
+
+std::optional<Speech_Kind> speech::Kind_Named(std::string_view name) {
+  if (name == "npc") return Npc_Dialogues;
+  if (name == "civilian") return Civilian_Dialogues;
+  if (name == "comment") return Npc_Comments;
+  return std::nullopt;
+}
 
 bool speech::Has_Message(std::int64_t file_size, std::int64_t entry_size, std::int64_t n) {
   return (n + 1) * entry_size <= file_size;
@@ -72,7 +81,7 @@ std::int32_t speech::Message_Number(const Vorlane& vForm) {
 }
 
 void Read_EDT(Vorlane& vForm) {
-  if (vForm.Edt_Kind == 0) return;
+  if (vForm.Edt_Kind == No_Speech) return;
   try {
     vForm.Txt_Free.Text.clear();
     vForm.Edt_File_Size = Length_Or_Empty(vForm);

@@ -3,28 +3,31 @@
 #include <cstdint>
 #include <string>
 
-#include "speech/speech.h"
-#include "store/failure.h"
-#include "store/text.h"
-#include "ui/vorlane.h"
+#include "speech/speech_pane.h"
+#include "speech/edt_reader.h"
+#include "form/events.h"
+#include "system/failure.h"
+#include "system/text.h"
+#include "form/vorlane.h"
 
 namespace {
 
 // The entries of the open dialog's filter, by filter index, and the kind of speech file that
 // each stands for.
-struct Speech_Kind {
+struct Filter_Kind {
   int Filter_Index;
-  std::int16_t Kind;
+  Speech_Kind Kind;
 };
 
-constexpr std::array<Speech_Kind, 4> Kinds{{{1, 1}, {2, 3}, {3, 3}, {4, 4}}};
+constexpr std::array<Filter_Kind, 4> Kinds{
+    {{1, Npc_Dialogues}, {2, Civilian_Dialogues}, {3, Civilian_Dialogues}, {4, Npc_Comments}}};
 
 const char* const Edt_Filter =
     "Диалоги НПЦ (<3num>.edt)|*.edt|Диалоги гражданских|*edt|(<Civ+2num>.edt or <Sector>.edt)|*.edt|"
     "Комменнтарии НПЦ (<D_+3num>.edt)|*.edt";
 
-std::int16_t Kind_Of_Filter(int filter_index) {
-  for (const Speech_Kind& entry : Kinds)
+Speech_Kind Kind_Of_Filter(int filter_index) {
+  for (const Filter_Kind& entry : Kinds)
     if (entry.Filter_Index == filter_index) return entry.Kind;
   throw Run_Time_Error("no such filter entry: " + std::to_string(filter_index));
 }
@@ -40,11 +43,11 @@ std::string Proposed_Name(Vorlane& vForm) {
 // Ticking came to nothing: Check goes off again.
 void Tick_Failed(Vorlane& vForm) {
   Check_Set_Value(vForm, 0);
-  vForm.Edt_Kind = 0;
+  vForm.Edt_Kind = No_Speech;
 }
 
 // Binds the speech file at `path` of this kind and shows the message in L_Message.
-void Bind(Vorlane& vForm, const std::string& path, std::int16_t kind) {
+void Bind(Vorlane& vForm, const std::string& path, Speech_Kind kind) {
   try {
     vForm.Edt_Path = path;
     const std::int64_t length = vForm.files.Length(vForm.Edt_Path);
@@ -68,7 +71,7 @@ void Bind(Vorlane& vForm, const std::string& path, std::int16_t kind) {
 }
 
 void Tick(Vorlane& vForm) {
-  std::int16_t kind = 0;
+  Speech_Kind kind = No_Speech;
   try {
     vForm.CD.Flags = dialog_flag::Open;
     vForm.CD.FileName = Proposed_Name(vForm);
@@ -85,7 +88,7 @@ void Tick(Vorlane& vForm) {
 }
 
 void Untick(Vorlane& vForm) {
-  vForm.Edt_Kind = 0;
+  vForm.Edt_Kind = No_Speech;
   vForm.Com1.Enabled = false;
   vForm.Com2.Enabled = false;
   vForm.L_Message.Caption = "0";
@@ -97,22 +100,16 @@ void Speech_File_Vanished(Vorlane& vForm) {
   vForm.platform.MsgBox("Файл " + vForm.Edt_Path + " не найден!" + "\r\n" + " Возможно он был перемещен или удален",
                         msgbox::Critical, "ERROR");
   Check_Set_Value(vForm, 0);
-  vForm.Edt_Kind = 0;
+  vForm.Edt_Kind = No_Speech;
   vForm.L_Edt.Caption.clear();
   vForm.L_Message.Caption = "0";
-}
-
-// Shows message n of the bound file.
-void Show_Message(Vorlane& vForm, std::int64_t n) {
-  vForm.L_Message.Caption = std::to_string(n);
-  Read_EDT(vForm);
 }
 
 // A step of << or >>: only with a speech file bound, and one that is still there; any other
 // failure ends the step without a word.
 template <class Body>
 void Step(Vorlane& vForm, Body&& body) {
-  if (vForm.Edt_Kind == 0) return;
+  if (vForm.Edt_Kind == No_Speech) return;
   try {
     if (vForm.files.Dir(vForm.Edt_Path).empty())
       Speech_File_Vanished(vForm);
@@ -124,13 +121,12 @@ void Step(Vorlane& vForm, Body&& body) {
 
 }  // namespace
 
-void Check_Set_Value(Vorlane& vForm, int value) {
-  if (vForm.Check.Value == value) return;
-  vForm.Check.Value = value;
-  Check_Click(vForm);
+void Show_Message(Vorlane& vForm, std::int64_t n) {
+  vForm.L_Message.Caption = std::to_string(n);
+  Read_EDT(vForm);
 }
 
-void Check_Tick_With_File(Vorlane& vForm, const std::string& path, std::int16_t kind) {
+void Check_Tick_With_File(Vorlane& vForm, const std::string& path, Speech_Kind kind) {
   // The value is written without its click event: the event would ask for the file.
   vForm.Check.Value = 1;
   Bind(vForm, path, kind);

@@ -1,7 +1,7 @@
 #include "store/error_text.h"
 
-#include "store/failure.h"
-#include "ui/platform.h"
+#include "system/failure.h"
+#include "form/platform.h"
 
 namespace Position {
 

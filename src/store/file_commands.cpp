@@ -1,14 +1,14 @@
 #include "store/file_commands.h"
 
 #include "store/error_text.h"
-#include "store/failure.h"
+#include "system/failure.h"
 #include "store/image.h"
 #include "store/npc_dialogs.h"
 #include "store/number.h"
-#include "store/text.h"
-#include "ui/navigation.h"
-#include "ui/record_tests.h"
-#include "ui/vorlane.h"
+#include "system/text.h"
+#include "form/events.h"
+#include "form/record_tests.h"
+#include "form/vorlane.h"
 #include "vocab/vocab.h"
 
 namespace {

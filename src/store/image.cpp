@@ -2,10 +2,10 @@
 
 #include <exception>
 
-#include "store/convert.h"
+#include "store/hex.h"
 #include "store/error_text.h"
-#include "store/failure.h"
-#include "ui/vorlane.h"
+#include "system/failure.h"
+#include "form/vorlane.h"
 
 namespace {
 

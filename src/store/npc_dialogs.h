@@ -2,7 +2,7 @@
 // a file is converted to.
 #pragma once
 
-#include "ui/controls.h"
+#include "form/controls.h"
 
 // The entries of the conversion's list of types, by filter index.
 namespace npc_type {

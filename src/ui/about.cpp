@@ -2,14 +2,9 @@
 
 #include <memory>
 
-#include "ui/layout.h"
-#include "ui/vorlane.h"
+#include "form/layout.h"
+#include "form/vorlane.h"
 
-About_Form::About_Form(Vorlane& main) : Main(main) {
-  // No border and no title bar: the outer size is the client area.
-  Width = layout::About_Client_Width;
-  Height = layout::About_Client_Height;
-}
 
 void nAbout_Click(Vorlane& vForm) {
   vForm.About = std::make_unique<About_Form>(vForm);

@@ -3,8 +3,8 @@
 #include "fields/byte_help.h"
 #include "fields/field_map.h"
 #include "ui/edit.h"
-#include "ui/record_tests.h"
-#include "ui/vorlane.h"
+#include "form/record_tests.h"
+#include "form/vorlane.h"
 
 namespace {
 

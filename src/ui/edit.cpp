@@ -8,21 +8,17 @@
 
 #include "fields/byte_help.h"
 #include "fields/field_map.h"
-#include "store/convert.h"
+#include "store/hex.h"
 #include "store/error_text.h"
 #include "store/image.h"
 #include "store/number.h"
-#include "store/text.h"
-#include "ui/layout.h"
-#include "ui/record_tests.h"
-#include "ui/vorlane.h"
+#include "system/text.h"
+#include "form/layout.h"
+#include "form/record_tests.h"
+#include "form/vorlane.h"
 
 namespace {
 
-// The outer size of a fixed dialog window: a frame of 3 pixels on each side and a title bar of
-// 19 pixels around the client area. The binding may correct it to the frame its system draws.
-constexpr std::int32_t Frame_Across = 2 * 3 * layout::Twips_Per_Pixel;
-constexpr std::int32_t Frame_Down = (19 + 2 * 3) * layout::Twips_Per_Pixel;
 
 // A double has no room for a whole part of more digits than this.
 constexpr std::size_t Max_Whole_Digits = 308;
@@ -111,20 +107,6 @@ void Warn(Edit_Form& vForm, const char* text) { vForm.Main.platform.MsgBox(text,
 
 }  // namespace
 
-Edit_Form::Edit_Form(Vorlane& main) : Main(main) {
-  Width = layout::Edit_Client_Width + Frame_Across;
-  Height = layout::Edit_Client_Height + Frame_Down;
-  F_1.Caption = "Select byte";
-  F_2.Caption = "Current";
-  L_1.Caption = "Hex";
-  L_2.Caption = "Dec";
-  F_3.Caption = "Encode number as";
-  O_2.Caption = "&Word (Max. 65535)";
-  O_1.Caption = "&Byte (255)";
-  ComApply.Caption = "&Overwrite";
-  ComOK.Caption = "&Apply";
-  ComCl.Caption = "Cancel";
-}
 
 void Dbl_Click_All_L(Vorlane& vForm) {
   Move_L(vForm);

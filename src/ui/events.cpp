@@ -2,13 +2,15 @@
 
 #include <vector>
 
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "store/file_commands.h"
+#include "store/conversion.h"
 #include "store/type_report.h"
 #include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
-#include "ui/layout.h"
+#include "form/layout.h"
 #include "ui/navigation.h"
 #include "ui/reference_lists.h"
 #include "ui/shell.h"
@@ -29,8 +31,6 @@ void In_Edit(Vorlane& main, Event_Args&) {
   F(*main.Edit);
 }
 
-void Slider_Changed(Vorlane& main, Event_Args& args) { Slider_Set_Value(main, args.Value); }
-void Check_Clicked(Vorlane& main, Event_Args& args) { Check_Set_Value(main, args.Value); }
 void Key_Up(Vorlane& main, Event_Args& args) { Form_KeyUp(main, args.Key); }
 void Unload(Vorlane& main, Event_Args&) { Unload_Main(main); }
 void Txt_1_Key(Vorlane& main, Event_Args& args) { Txt_1_KeyPress(*main.Edit, args.Key); }
@@ -43,9 +43,9 @@ std::vector<Route> Make_Routes() {
       {"Vorlane", "Vorlane", Event::Load, Main<Form_Load>},
       {"Vorlane", "Vorlane", Event::Unload, Unload},
       {"Vorlane", "Vorlane", Event::Key_Up, Key_Up},
-      {"Vorlane", "Slider", Event::Change, Slider_Changed},
+      {"Vorlane", "Slider", Event::Change, Main<Slider_Change>},
       {"Vorlane", "Slider", Event::Mouse_Move, Main<Slider_MouseMove>},
-      {"Vorlane", "Check", Event::Click, Check_Clicked},
+      {"Vorlane", "Check", Event::Click, Main<Check_Click>},
       {"Vorlane", "Com1", Event::Click, Main<Com1_Click>},
       {"Vorlane", "Com2", Event::Click, Main<Com2_Click>},
       {"Vorlane", "List", Event::Got_Focus, Main<List_GotFocus>},
@@ -107,21 +107,20 @@ std::span<const Route> Routes() {
   return routes;
 }
 
-const Route* Find_Route(std::string_view window, std::string_view control, Event on) {
-  for (const Route& route : Routes())
-    if (route.On == on && route.Control == control && route.Window == window) return &route;
-  return nullptr;
-}
-
 bool Raise(Vorlane& vForm, std::string_view window, std::string_view control, Event on, Event_Args& args) {
-  const Route* route = Find_Route(window, control, on);
-  if (!route || (window == "Edit" && !vForm.Edit) || (window == "About" && !vForm.About)) return false;
-  args.Index = route->Index;
-  Fire(vForm, [&] { route->Run(vForm, args); });
-  return true;
+  bool handled = false;
+  Fire(vForm, [&] { handled = Run_Event(vForm, window, control, on, args); });
+  return handled;
 }
 
 bool Raise(Vorlane& vForm, std::string_view window, std::string_view control, Event on) {
   Event_Args args;
   return Raise(vForm, window, control, on, args);
+}
+
+void Input_Value(Vorlane& vForm, std::string_view control, int value) {
+  Fire(vForm, [&] {
+    if (control == "Slider") Slider_Set_Value(vForm, value);
+    if (control == "Check") Check_Set_Value(vForm, value);
+  });
 }

@@ -1,19 +1,12 @@
 #include "ui/navigation.h"
 
-#include <algorithm>
 #include <string>
 
 #include "store/image.h"
 #include "ui/byte_grid.h"
-#include "ui/record_tests.h"
-#include "ui/vorlane.h"
-
-void Slider_Set_Value(Vorlane& vForm, int value) {
-  value = std::clamp(value, vForm.Slider.Min, vForm.Slider.Max);
-  if (value == vForm.Slider.Value) return;
-  vForm.Slider.Value = value;
-  Slider_Change(vForm);
-}
+#include "form/events.h"
+#include "form/record_tests.h"
+#include "form/vorlane.h"
 
 void Slider_Change(Vorlane& vForm) {
   const int value = vForm.Slider.Value;

@@ -9,8 +9,6 @@ constexpr int Keypad_Plus = 107;
 constexpr int Keypad_Minus = 109;
 }  // namespace key
 
-// Writes the slider's value; a new value raises the change event before this returns.
-void Slider_Set_Value(Vorlane& vForm, int value);
 // The change event: stores the record on show, fetches the new one, renews the labels.
 void Slider_Change(Vorlane& vForm);
 void Slider_MouseMove(Vorlane& vForm);

@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "store/convert.h"
-#include "store/text.h"
+#include "store/hex.h"
+#include "system/text.h"
 #include "ui/shell.h"
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 #include "vocab/vocab.h"
 
 namespace {

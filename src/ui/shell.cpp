@@ -1,9 +1,9 @@
 #include "ui/shell.h"
 
 #include "store/file_commands.h"
-#include "store/text.h"
-#include "ui/layout.h"
-#include "ui/vorlane.h"
+#include "system/text.h"
+#include "form/layout.h"
+#include "form/vorlane.h"
 
 void Form_Load(Vorlane& vForm) {
   Position::Place_Controls(vForm, vForm.platform.Screen());

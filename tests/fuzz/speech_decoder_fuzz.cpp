@@ -14,8 +14,9 @@
 #include <vector>
 
 #include "fuzz_support.h"
-#include "speech/speech.h"
-#include "ui/vorlane.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
+#include "form/vorlane.h"
 
 namespace {
 
@@ -42,8 +43,8 @@ class Checked_Files : public Memory_Files {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 7) return 0;
-  static constexpr std::int16_t kinds[] = {1, 3, 4};
-  const std::int16_t kind = kinds[data[0] % 3];
+  static constexpr Speech_Kind kinds[] = {Npc_Dialogues, Civilian_Dialogues, Npc_Comments};
+  const Speech_Kind kind = kinds[data[0] % 3];
   std::int32_t message = 0;
   std::memcpy(&message, data + 1, 4);
   const std::size_t extra = static_cast<std::size_t>(data[5] | (data[6] << 8));
@@ -54,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto file_size = static_cast<std::int64_t>(file.size());
 
   // Where message N lies: walked from F to L (1-based), looking two bytes beyond L.
-  const std::int64_t entry = kind == 3 ? 320 : 480;
+  const std::int64_t entry = kind == Civilian_Dialogues ? 320 : 480;
   const std::int64_t last = std::int64_t{message} * entry + entry;
   const std::int64_t first = last == entry ? 1 : last - entry;
   const bool beyond_32_bits = last < INT32_MIN || last > INT32_MAX;

@@ -14,7 +14,8 @@
 #include <functional>
 
 #include "qt/qt_support.h"
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "store/file_commands.h"
 #include "store/type_report.h"
 

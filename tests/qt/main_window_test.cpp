@@ -12,7 +12,7 @@
 
 #include "qt/qt_support.h"
 #include "store/image.h"
-#include "ui/layout.h"
+#include "form/layout.h"
 
 using qtview::Px;
 

@@ -11,8 +11,8 @@
 
 #include "support/files.h"
 #include "support/scripted_platform.h"
-#include "ui/qt/main_view.h"
-#include "ui/qt/qt_platform.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
 
 struct Qt_Window {
   Temp_Folder folder;

@@ -4,7 +4,8 @@
 #include <sstream>
 #include <tuple>
 
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "support/data.h"
 #include "support/fixture.h"
 
@@ -27,7 +28,7 @@ class Speech_Messages : public Window_Test, public testing::WithParamInterface<D
 TEST_P(Speech_Messages, ShowTheirTextOrLeaveThePane) {
   const auto& [kind, message, file, text] = std::tuple(GetParam()[0], GetParam()[1], GetParam()[2], GetParam()[3]);
   window.Edt_Path = file == "-" ? folder.Path("gone.edt") : folder.Write("speech.edt", File_Of(file));
-  window.Edt_Kind = static_cast<std::int16_t>(std::stoi(kind));
+  window.Edt_Kind = static_cast<Speech_Kind>(std::stoi(kind));
   window.Check.Value = 1;
   window.Com1.Enabled = window.Com2.Enabled = true;
   window.L_Message.Caption = message;

@@ -5,7 +5,8 @@
 #include <utility>
 
 #include "fields/explain.h"
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "store/file_commands.h"
 #include "support/fixture.h"
 
@@ -25,10 +26,7 @@ class Speech_Pane : public Window_Test {
   Speech_Pane() { Open_Bytes("123.npc", Standard_File()); }
 
   // A click on Check that gives it this value.
-  void Set_Check(int value) {
-    Event_Args args{value};
-    Raise(window, "Vorlane", "Check", Event::Click, args);
-  }
+  void Set_Check(int value) { Input_Value(window, "Check", value); }
   // Ticks Check; the dialog gives this pick (nullopt: Cancel).
   void Tick(std::optional<Dialog_Pick> pick) {
     platform.Picks.push_back(std::move(pick));

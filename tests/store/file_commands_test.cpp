@@ -7,7 +7,8 @@
 #include <optional>
 #include <tuple>
 
-#include "speech/speech.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "store/image.h"
 #include "support/fixture.h"
 #include "ui/navigation.h"

@@ -10,7 +10,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
-#include "store/failure.h"
+#include "system/failure.h"
 
 namespace fs = std::filesystem;
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "store/files.h"
+#include "system/files.h"
 
 using Bytes = std::vector<std::uint8_t>;
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "store/failure.h"
+#include "system/failure.h"
 #include "store/file_commands.h"
 #include "ui/shell.h"
 

@@ -11,7 +11,7 @@
 
 #include "support/files.h"
 #include "support/scripted_platform.h"
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 
 // The 32 captions of the byte cells joined, "" for an empty cell.
 std::string Cells_Text(const Vorlane& vForm);

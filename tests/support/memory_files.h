@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "store/failure.h"
-#include "store/files.h"
-#include "store/text.h"
+#include "system/failure.h"
+#include "system/files.h"
+#include "system/text.h"
 
 class Memory_Files : public Files {
  public:

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "store/text.h"
-#include "ui/platform.h"
+#include "system/text.h"
+#include "form/platform.h"
 
 struct Shown_Message {
   std::string Prompt;

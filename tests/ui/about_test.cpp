@@ -16,7 +16,7 @@ TEST_F(About, OpensCentredAndGoesAtACharacterOrAClick) {
     ASSERT_NE(window.About, nullptr);
     EXPECT_EQ(std::tuple(window.About->Left, window.About->Top, window.Enabled), std::tuple(4552, 2055, false));
     const unsigned serial = window.Focus_Serial;
-    Event_Args args{0, key};
+    Event_Args args{key};
     key < 0 ? Raise(window, "About", "Img1", Event::Click) : Raise(window, "About", "About", Event::Key_Press, args);
     EXPECT_EQ(std::tuple(window.About == nullptr, window.Enabled, window.Focus, window.Focus_Serial > serial),
               std::tuple(key != 0, key != 0, key != 0 ? "Slider" : "", key != 0))

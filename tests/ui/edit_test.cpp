@@ -91,7 +91,7 @@ TEST_F(Edit_Test, OpensOnAWholeRecordAndShowsItsFields) {
 TEST_F(Edit_Test, KeysAndEncodings) {
   Open_Edit();
   for (int code = 0; code <= 255; ++code) {
-    Event_Args key{0, code};
+    Event_Args key{code};
     Raise(window, "Edit", "Txt_1", Event::Key_Press, key);
     EXPECT_EQ(key.Key, (code >= '0' && code <= '9') || code == 8 ? code : 0) << code;
   }

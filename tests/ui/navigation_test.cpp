@@ -12,7 +12,7 @@ class Navigation : public Window_Test {
     Event([&] { Slider_Set_Value(window, value); });
   }
   void Key(int code) {  // released anywhere in the window
-    Event_Args args{0, code};
+    Event_Args args{code};
     Raise(window, "Vorlane", "Vorlane", Event::Key_Up, args);
   }
 };

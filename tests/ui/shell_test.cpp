@@ -3,7 +3,7 @@
 #include "ui/shell.h"
 
 #include "support/fixture.h"
-#include "ui/layout.h"
+#include "form/layout.h"
 
 namespace {
 

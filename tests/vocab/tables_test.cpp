@@ -13,7 +13,7 @@
 #include "support/data.h"
 #include "support/fixture.h"
 #include "ui/events.h"
-#include "ui/layout.h"
+#include "form/layout.h"
 #include "vocab/vocab.h"
 
 namespace {

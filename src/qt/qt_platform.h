@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/platform.h"
+#include "form/platform.h"
 
 class QWidget;
 

@@ -1,4 +1,4 @@
-#include "ui/qt/edit_view.h"
+#include "qt/edit_view.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>
@@ -15,7 +15,7 @@
 #include <functional>
 #include <tuple>
 
-#include "ui/layout.h"
+#include "form/layout.h"
 
 namespace qtview {
 namespace {
@@ -139,7 +139,7 @@ Edit_View::Edit_View(QWidget* owner, Event_Sink& sink, Edit_Form& form, const Sc
     rendered_.txt_1 = form_->Txt_1.Text;
   });
   for (QRadioButton* option : {o_1_, o_2_}) Make_Option(option);
-  Wire_Buttons(this, [this](std::string_view control, Event_Args& args) { Raise(control, Event::Click, args); });
+  Wire_Buttons(this, [this](std::string_view control, int) { Raise(control, Event::Click); });
 
   // The window was placed by its start-up on an estimate of its size; place it on the real one.
   Place_Window(this, form, screen, owner);

@@ -13,11 +13,11 @@
 #include <utility>
 
 #include "ui/events.h"
-#include "ui/qt/about_view.h"
-#include "ui/qt/edit_view.h"
-#include "ui/qt/qt_platform.h"
-#include "ui/qt/widgets.h"
-#include "ui/vorlane.h"
+#include "qt/about_view.h"
+#include "qt/edit_view.h"
+#include "qt/qt_platform.h"
+#include "qt/widgets.h"
+#include "form/vorlane.h"
 
 class QAction;
 class QCheckBox;

@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <cstring>
 
-#include "ui/qt/main_view.h"
-#include "ui/qt/qt_platform.h"
-#include "ui/vorlane.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
+#include "form/vorlane.h"
 
 int main(int argc, char* argv[]) {
   const char* const usage = "usage: vorlane [FILE]\n";

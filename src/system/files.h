@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "store/failure.h"
+#include "system/failure.h"
 
 struct stat;
 
@@ -25,6 +25,9 @@ class Files {
   virtual std::vector<std::uint8_t> Read(const std::string& path, std::int64_t offset, std::size_t count) = 0;
   // Replaces the whole file by these bytes. A link is followed to the file it names.
   virtual void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) = 0;
+  // Whether two paths name one file: the same file on disk (through links and other names), or
+  // the same text for a file that is not there.
+  virtual bool Same_File(const std::string& a, const std::string& b) { return a == b; }
 };
 
 // The real disk. A file is written safely where the folder allows it: the bytes go to a new file
@@ -39,6 +42,7 @@ class Disk_Files : public Files {
   std::string Dir(const std::string& path) override;
   std::vector<std::uint8_t> Read(const std::string& path, std::int64_t offset, std::size_t count) override;
   void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) override;
+  bool Same_File(const std::string& a, const std::string& b) override;
 
  protected:
   // Writes all bytes at the file's position; a test double overrides it to fail half way.

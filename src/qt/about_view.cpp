@@ -1,4 +1,4 @@
-#include "ui/qt/about_view.h"
+#include "qt/about_view.h"
 
 #include <QAccessible>
 #include <QImage>
@@ -9,7 +9,7 @@
 #include <QRegion>
 #include <QWindow>
 
-#include "ui/layout.h"
+#include "form/layout.h"
 
 namespace qtview {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "ui/controls.h"
+#include "form/controls.h"
 
 namespace msgbox {
 constexpr int Critical = 16;

@@ -1,8 +1,8 @@
-#include "store/convert.h"
+#include "store/hex.h"
 
 #include <cmath>
 
-#include "store/failure.h"
+#include "system/failure.h"
 
 namespace Position {
 namespace {

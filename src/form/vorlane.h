@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "store/files.h"
-#include "ui/controls.h"
-#include "ui/platform.h"
+#include "system/files.h"
+#include "form/controls.h"
+#include "form/platform.h"
 
 struct Edit_Form;
 struct About_Form;
@@ -18,6 +18,11 @@ struct About_Form;
 // wrong (out of the field's range, or one that no record of the game holds), or a code that the
 // tables can't name.
 enum class Finding { None, Wrong_Value, Unnamed_Code };
+
+// The kinds of speech file, as Edt_Kind holds them: none bound, NPC dialogues and civilians'
+// dialogues (messages of 480 and 320 bytes), and NPC comments (480 bytes; a text ends at any
+// 00 00 that is no "я").
+enum Speech_Kind : std::int16_t { No_Speech = 0, Npc_Dialogues = 1, Civilian_Dialogues = 3, Npc_Comments = 4 };
 
 struct Vorlane : Form_Window {
   Vorlane(Platform& platform, Files& files = Disk());
@@ -99,7 +104,7 @@ struct Vorlane : Form_Window {
   std::string Bad_Record_Text;
 
   // The speech file.
-  std::int16_t Edt_Kind = 0;
+  Speech_Kind Edt_Kind = No_Speech;
   std::int16_t Edt_Entry_Size = 0;
   std::string Edt_Path;
   std::int64_t Edt_File_Size = 0;

@@ -19,10 +19,10 @@ class QAbstractButton;
 #include <cstdint>
 #include <string>
 
-#include "ui/controls.h"
+#include "form/controls.h"
 #include "ui/events.h"
-#include "ui/layout.h"
-#include "ui/platform.h"
+#include "form/layout.h"
+#include "form/platform.h"
 
 namespace qtview {
 
@@ -101,7 +101,7 @@ void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen,
 // Sends the clicks of every button under `root` on, by mouse, key or assistive technology: a
 // push button's click; a check box's new state, as Value; an option button's click, which is
 // its turning on (it shows no state of its own, so it is always off before).
-void Wire_Buttons(QWidget* root, std::function<void(std::string_view control, Event_Args& args)> click);
+void Wire_Buttons(QWidget* root, std::function<void(std::string_view control, int value)> click);
 // The row that is selected in a list, or -1: a user selects by mouse, by key, or through
 // assistive technology, which selects without moving the current row.
 int Selected_Row(const QListWidget* list);

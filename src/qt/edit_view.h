@@ -8,7 +8,7 @@
 #include <string>
 
 #include "ui/edit.h"
-#include "ui/qt/widgets.h"
+#include "qt/widgets.h"
 
 class QGroupBox;
 class QLineEdit;

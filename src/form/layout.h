@@ -6,8 +6,8 @@
 #include <span>
 #include <string_view>
 
-#include "ui/controls.h"
-#include "ui/platform.h"
+#include "form/controls.h"
+#include "form/platform.h"
 
 struct Geometry {
   std::string_view Name;

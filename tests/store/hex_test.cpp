@@ -8,15 +8,15 @@
 #include <sstream>
 #include <string>
 
-#include "store/convert.h"
+#include "store/hex.h"
 #include "store/error_text.h"
-#include "store/failure.h"
+#include "system/failure.h"
 #include "store/file_commands.h"
 #include "store/number.h"
-#include "store/text.h"
+#include "system/text.h"
 #include "support/data.h"
 #include "support/scripted_platform.h"
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 
 namespace {
 

@@ -6,7 +6,15 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
+
+// The names of the three windows, as the routing table and the control table know them.
+namespace window {
+inline constexpr std::string_view Main = "Vorlane";
+inline constexpr std::string_view Edit = "Edit";
+inline constexpr std::string_view About = "About";
+}  // namespace window
 
 namespace colour {
 

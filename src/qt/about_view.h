@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "ui/about.h"
-#include "ui/qt/widgets.h"
+#include "qt/widgets.h"
 
 class QLabel;
 

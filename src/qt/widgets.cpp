@@ -1,4 +1,4 @@
-#include "ui/qt/widgets.h"
+#include "qt/widgets.h"
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
@@ -218,20 +218,16 @@ void Place_Window(QWidget* window, Form_Window& form, const Screen_Size& screen,
   if (QWindow* handle = window->windowHandle()) handle->setTransientParent(owner->windowHandle());
 }
 
-void Wire_Buttons(QWidget* root, std::function<void(std::string_view control, Event_Args& args)> click) {
+void Wire_Buttons(QWidget* root, std::function<void(std::string_view control, int value)> click) {
   for (QAbstractButton* button : root->findChildren<QAbstractButton*>()) {
     const std::string control = Control_Of(button);
     if (qobject_cast<QPushButton*>(button)) {
-      QObject::connect(button, &QAbstractButton::clicked, button, [click, control] {
-        Event_Args args;
-        click(control, args);
-      });
+      QObject::connect(button, &QAbstractButton::clicked, button, [click, control] { click(control, 1); });
     } else {
       const bool option = qobject_cast<QRadioButton*>(button) != nullptr;
       QObject::connect(button, &QAbstractButton::toggled, button, [click, control, option](bool on) {
         if (option && !on) return;
-        Event_Args args{.Value = on ? 1 : 0};
-        click(control, args);
+        click(control, on ? 1 : 0);
       });
     }
   }

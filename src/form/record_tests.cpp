@@ -1,8 +1,8 @@
-#include "ui/record_tests.h"
+#include "form/record_tests.h"
 
 #include <string>
 
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 
 void Record_Exsist(Vorlane& vForm) {
   bool all_zero = true;

@@ -1,4 +1,4 @@
-#include "store/text.h"
+#include "system/text.h"
 
 #include <cstdint>
 

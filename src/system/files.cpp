@@ -1,4 +1,4 @@
-#include "store/files.h"
+#include "system/files.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,8 +10,8 @@
 #include <fstream>
 #include <utility>
 
-#include "store/failure.h"
-#include "store/text.h"
+#include "system/failure.h"
+#include "system/text.h"
 
 namespace fs = std::filesystem;
 
@@ -151,6 +151,12 @@ void Disk_Files::Write(const std::string& path, const std::vector<std::uint8_t>&
   // A file with other names keeps them only if its own bytes change.
   if ((!exists || old.st_nlink == 1) && Replace(target, bytes, exists ? &old : nullptr)) return;
   Write_In_Place(target, bytes, exists ? old.st_mode & 07777 : 0644);
+}
+
+bool Disk_Files::Same_File(const std::string& a, const std::string& b) {
+  std::error_code ec;
+  const bool same = fs::equivalent(a, b, ec);
+  return ec ? a == b : same;
 }
 
 Files& Disk() {

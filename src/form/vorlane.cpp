@@ -1,8 +1,8 @@
-#include "ui/vorlane.h"
+#include "form/vorlane.h"
 
-#include "ui/about.h"
-#include "ui/edit.h"
-#include "ui/layout.h"
+#include "form/about_form.h"
+#include "form/edit_form.h"
+#include "form/layout.h"
 
 Vorlane::Vorlane(Platform& platform_, Files& files_) : platform(platform_), files(files_) {
   Caption = "Vorlane";

@@ -1,4 +1,4 @@
-#include "ui/qt/main_view.h"
+#include "qt/main_view.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -22,10 +22,10 @@
 #include <tuple>
 
 #include "store/file_commands.h"
-#include "ui/layout.h"
+#include "form/layout.h"
 #include "ui/navigation.h"
-#include "ui/qt/about_view.h"
-#include "ui/qt/edit_view.h"
+#include "qt/about_view.h"
+#include "qt/edit_view.h"
 
 namespace qtview {
 namespace {
@@ -106,8 +106,8 @@ void Main_View::Build_Controls() {
   slider_->setTickInterval(1);
   slider_->setAccessibleName("Record");
   connect(slider_, &QSlider::valueChanged, this, [this](int value) {
-    Event_Args args{.Value = value};
-    Raise("Vorlane", "Slider", Event::Change, args);
+    Input_Value(model_, "Slider", value);
+    Sync();
   });
 
   Make_Label("L_Info_Line", &l_info_line_);
@@ -191,8 +191,14 @@ void Main_View::Build_Controls() {
   setTabOrder(com1_, com2_);
   setTabOrder(com2_, com_exit_);
   for (QWidget* w : client_->findChildren<QLabel*>()) w->setFocusPolicy(Qt::NoFocus);
-  Wire_Buttons(client_,
-               [this](std::string_view control, Event_Args& args) { Raise("Vorlane", control, Event::Click, args); });
+  Wire_Buttons(client_, [this](std::string_view control, int value) {
+    if (control == "Check") {
+      Input_Value(model_, control, value);
+      Sync();
+    } else {
+      Raise("Vorlane", control, Event::Click);
+    }
+  });
 }
 
 void Main_View::Build_Menus() {

@@ -1,4 +1,4 @@
-#include "ui/qt/qt_platform.h"
+#include "qt/qt_platform.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -8,8 +8,8 @@
 #include <QScreen>
 #include <QWidget>
 
-#include "ui/layout.h"
-#include "ui/qt/widgets.h"
+#include "form/layout.h"
+#include "qt/widgets.h"
 
 namespace qtview {
 
