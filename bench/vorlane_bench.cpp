@@ -39,7 +39,7 @@
 #include "store/file_commands.h"
 #include "store/conversion.h"
 #include "store/type_report.h"
-#include "support/scripted_platform.h"
+#include "form/recording_platform.h"
 #include "ui/byte_grid.h"
 #include "ui/events.h"
 #include "ui/navigation.h"
@@ -78,7 +78,7 @@ constexpr int Other_Record = 6;
 // --- The main window, logic only --------------------------------------------------------------
 
 struct Logic_Window {
-  Scripted_Platform platform;
+  Recording_Platform platform;
   Vorlane window{platform};
 
   Logic_Window() {
@@ -125,7 +125,7 @@ void Repaint_Now() {
 
 struct Qt_Window {
   qtview::Qt_Platform system;
-  Scripted_Platform platform{&system};
+  Recording_Platform platform{&system};
   Vorlane model{platform};
   qtview::Main_View view{model, system};
   Paint_Counter paints;

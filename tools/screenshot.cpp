@@ -12,7 +12,7 @@
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
 #include "store/file_commands.h"
-#include "support/scripted_platform.h"
+#include "form/recording_platform.h"
 #include "tool_files.h"
 #include "ui/about.h"
 #include "ui/byte_grid.h"
@@ -39,7 +39,7 @@ int main(int argc, char* argv[]) {
   const QString out = QString::fromLocal8Bit(argv[1]);
   QDir().mkpath(out);
   qtview::Qt_Platform system;
-  Scripted_Platform platform(&system);
+  Recording_Platform platform(&system);
   platform.Quiet = true;
   Vorlane model(platform);
   qtview::Main_View window(model, system);

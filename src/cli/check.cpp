@@ -8,11 +8,12 @@
 
 #include "cli/cli.h"
 #include "cli/session.h"
+#include "fields/explain.h"
+#include "store/file_commands.h"
 #include "store/hex.h"
 #include "store/image.h"
 #include "system/text.h"
 #include "store/type_report.h"
-#include "vocab/vocab.h"
 
 namespace cli {
 namespace {
@@ -39,9 +40,7 @@ class Targets {
       for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ec))
         if (entry.is_regular_file(ec)) names->second[text::Upper(entry.path().filename().string())] = entry.path();
     }
-    std::string name = std::to_string(npc);
-    name = std::string(3 - std::min<std::size_t>(3, name.size()), '0') + name + ".NPC";
-    const auto found = names->second.find(name);
+    const auto found = names->second.find(text::Upper(Npc_File_Name(npc)));
     return found == names->second.end() ? std::string() : found->second.string();
   }
 
@@ -126,12 +125,12 @@ int Check(const Args& args, std::ostream& out, std::ostream& err) {
           finding(file, record.Heading + ", " + std::string(field.Of->Caption) + ": " + field.Sentence);
 
       // Control passed to a record of a character whose file lies beside this one.
-      const int npc = hex::Byte_Value(session.window.L(goto_npc.First).Caption);
-      const int target = hex::Byte_Value(session.window.L(goto_record.First).Caption) + 1;
-      if (npc > vocab::Last_Npc || target > image::Records) continue;
-      const std::string target_file = targets.File_Of(fs::path(file).parent_path(), npc);
+      const auto npc = fields::Goto_Npc(hex::Byte_Value(session.window.L(goto_npc.First).Caption));
+      const auto target = fields::Goto_Record(hex::Byte_Value(session.window.L(goto_record.First).Caption));
+      if (!npc || !target) continue;
+      const std::string target_file = targets.File_Of(fs::path(file).parent_path(), *npc);
       if (target_file.empty()) continue;
-      const std::string& no_record = targets.No_Record(target_file, target);
+      const std::string& no_record = targets.No_Record(target_file, *target);
       if (no_record.empty()) continue;
       const auto passed = std::find_if(record.Fields.begin(), record.Fields.end(),
                                        [&](const Field_View& field) { return field.Of == &goto_record; });

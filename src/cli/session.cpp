@@ -12,6 +12,7 @@
 namespace cli {
 
 Session::Session(std::ostream& err) : err_(err) {
+  platform.Quiet = true;
   Event([&] { Form_Load(window); });
 }
 
@@ -22,12 +23,12 @@ void Session::Error(const std::string& what) {
 
 void Session::Pass_On_Boxes() {
   // A box has lines of its own; an error line has one.
-  for (const Headless_Platform::Box& box : platform.Boxes) {
+  for (const Shown_Message& box : platform.Messages) {
     std::string line = box.Prompt;
     for (std::size_t at; (at = line.find("\r\n")) != std::string::npos;) line.replace(at, 2, " ");
     Error(line);
   }
-  platform.Boxes.clear();
+  platform.Messages.clear();
   if (window.Ended) throw Program_Ended{};
 }
 
@@ -40,9 +41,9 @@ bool Session::Open(const std::string& path, std::string* size_message) {
   }
   Open_Result result = Open_Result::Unreadable;
   Fire(window, [&] { result = Open_File(window, path); });
-  if (result == Open_Result::Wrong_Size && size_message && !platform.Boxes.empty()) {
-    *size_message = platform.Boxes.back().Prompt;
-    platform.Boxes.pop_back();
+  if (result == Open_Result::Wrong_Size && size_message && !platform.Messages.empty()) {
+    *size_message = platform.Messages.back().Prompt;
+    platform.Messages.pop_back();
   }
   Pass_On_Boxes();
   if (result == Open_Result::Unreadable) Error(std::filesystem::exists(path, ec) ? "can't be read" : "no such file");

@@ -10,7 +10,7 @@
 #include "fields/field_map.h"
 #include "store/file_commands.h"
 #include "ui/events.h"
-#include "form/platform.h"
+#include "form/recording_platform.h"
 #include "form/vorlane.h"
 
 namespace cli {
@@ -24,28 +24,6 @@ inline constexpr const char* Program = "vorlane-cli";
 // A window whose program has ended at once, after a fatal message: the command can't go on.
 struct Program_Ended {};
 
-// No window and no dialogs: a message box is kept for the session to pass on, a question is
-// cancelled and a file dialog too.
-class Headless_Platform : public Platform {
- public:
-  struct Box {
-    std::string Prompt;
-    int Style;
-  };
-  std::vector<Box> Boxes;  // shown and not yet passed on
-  int Beeps = 0;
-
-  int MsgBox(const std::string& prompt, int style, const std::string&) override {
-    Boxes.push_back({prompt, style});
-    return style == msgbox::Question_Yes_No_Cancel ? msgbox::Cancel : msgbox::OK;
-  }
-  bool ShowOpen(Common_Dialog&) override { return false; }
-  bool ShowSave(Common_Dialog&) override { return false; }
-  void Beep() override { ++Beeps; }
-  Screen_Size Screen() override { return {15360, 11520}; }
-  void Mouse_Pointer(int) override {}
-  void End_Program() override {}
-};
 
 // One field of the record on show, as the editor explains it.
 struct Field_View {
@@ -74,7 +52,7 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  Headless_Platform platform;
+  Recording_Platform platform;  // quiet: questions and dialogs are cancelled
   Vorlane window{platform};
   std::string file;
   bool failed = false;  // an error line was written

@@ -255,7 +255,7 @@ void Info_For_Byte_18(Vorlane& vForm) {
   Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_18);
     if (v.number == 255) return "Данная запись не передает управление";
-    if (v.number <= vocab::Last_Npc)
+    if (fields::Goto_Npc(v.number))
       return "Управление передается " + Name_Of(Position::Npc_Name, v) + " (№_#" + v.text + ")";
     return Wrong("Запись не передаст управление #" + v.text + " т.к. макс. № НПЦ -169 (см. Bynarydata\\Prof.dat)");
   });
@@ -265,9 +265,9 @@ void Info_For_Byte_19(Vorlane& vForm) {
   Explain(vForm, [&]() -> Sentence {
     const Value v = Read_Byte(vForm, Info_For_Byte_19);
     if (v.number == 255) return "Данная запись не передает управление";
-    if (v.number >= image::Records)
-      return Wrong("№_" + v.text + " - файл может иметь максимум 50 записей по 32 байта (0-49)");
-    return "Управление передается на запись №_" + v.text + " (Record #" + std::to_string(v.number + 1) + ")";
+    const std::optional<int> record = fields::Goto_Record(v.number);
+    if (!record) return Wrong("№_" + v.text + " - файл может иметь максимум 50 записей по 32 байта (0-49)");
+    return "Управление передается на запись №_" + v.text + " (Record #" + std::to_string(*record) + ")";
   });
 }
 
@@ -315,4 +315,14 @@ void Info_For_Bytes_29_32(Vorlane& vForm) {
       if (vForm.L(n).Caption != "00") return Wrong("Данные байты у всех существующих НПЦ = '00'!");
     return "Unknown bytes";
   });
+}
+
+std::optional<int> fields::Goto_Npc(long value) {
+  if (value < 0 || value > vocab::Last_Npc) return std::nullopt;
+  return static_cast<int>(value);
+}
+
+std::optional<int> fields::Goto_Record(long value) {
+  if (value < 0 || value >= image::Records) return std::nullopt;
+  return static_cast<int>(value) + 1;
 }

@@ -2,6 +2,8 @@
 // Each reads only the captions of its own cells (byte 15 reads byte 14 too).
 #pragma once
 
+#include <optional>
+
 struct Vorlane;
 
 // Bytes 1 to 13: when the record fires.
@@ -28,3 +30,12 @@ void Info_For_Bytes_23_24(Vorlane& vForm);
 void Info_For_Bytes_25_26(Vorlane& vForm);
 void Info_For_Bytes_27_28(Vorlane& vForm);
 void Info_For_Bytes_29_32(Vorlane& vForm);
+
+namespace fields {
+// Where byte 18 passes control: the character of this value; none for 255 or a number past the
+// last character.
+std::optional<int> Goto_Npc(long value);
+// Where byte 19 passes control: the record, 1 .. 50, of this value, which counts records from 0;
+// none for 255 or a number past the file's last record.
+std::optional<int> Goto_Record(long value);
+}  // namespace fields

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "qt/main_view.h"
+#include "store/file_commands.h"
 #include "qt/qt_platform.h"
 #include "form/vorlane.h"
 
@@ -32,6 +33,6 @@ int main(int argc, char* argv[]) {
   qtview::Main_View window(model, platform);
   window.Start();
   window.show();
-  if (argc == 2) window.Open_Named(argv[1]);
+  if (argc == 2) window.Dispatch([&] { Open_Named(model, argv[1]); });
   return QApplication::exec();
 }

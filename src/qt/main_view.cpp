@@ -18,7 +18,6 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
-#include <filesystem>
 #include <tuple>
 
 #include "store/file_commands.h"
@@ -239,11 +238,6 @@ void Main_View::Start() {
   Render();
 }
 
-void Main_View::Open_Named(const std::string& name) {
-  std::error_code ec;
-  const std::filesystem::path file = std::filesystem::absolute(name, ec);
-  Dispatch([&] { Open_File(model_, ec ? name : file.string()); });
-}
 
 bool Main_View::Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) {
   const bool handled = ::Raise(model_, window, control, on, args);

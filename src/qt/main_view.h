@@ -38,10 +38,6 @@ class Main_View : public QMainWindow, public Event_Sink {
 
   // The start-up event, then the first render; the caller shows the window.
   void Start();
-  // Opens a file named on the command line as File > Open opens it, under its full path as the
-  // dialog gives it: a file of the wrong size gets the size message, one that can't be read
-  // nothing, and the editor then stays empty.
-  void Open_Named(const std::string& name);
   using Event_Sink::Raise;
   bool Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) override;
   // Runs any handler of the logic as an event, then brings every window up to date.

@@ -1,5 +1,7 @@
 #include "store/file_commands.h"
 
+#include <filesystem>
+
 #include "store/error_text.h"
 #include "system/failure.h"
 #include "store/image.h"
@@ -102,6 +104,12 @@ Open_Result Open_File(Vorlane& vForm, const std::string& path) {
   } catch (const Run_Time_Error&) {
     return Open_Result::Unreadable;
   }
+}
+
+void Open_Named(Vorlane& vForm, const std::string& name) {
+  std::error_code ec;
+  const std::filesystem::path file = std::filesystem::absolute(name, ec);
+  Open_File(vForm, ec ? name : file.string());
 }
 
 void GreatNewFile(Vorlane& vForm) {
@@ -220,4 +228,10 @@ void CorrectBar(Vorlane& vForm) {
   vForm.Work_Text = std::to_string(*number);
   Position::Npc_Name(vForm.Work_Text);
   vForm.SBar_3.SimpleText += " - " + vForm.Work_Text;
+}
+
+std::string Npc_File_Name(int npc) {
+  std::string digits = std::to_string(npc);
+  if (digits.size() < 3) digits.insert(0, 3 - digits.size(), '0');
+  return digits + ".npc";
 }

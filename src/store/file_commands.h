@@ -30,6 +30,9 @@ enum class Open_Result { Loaded, Wrong_Size, Unreadable };
 // both cases the window stays as it was. File > Open, a file named on the editor's command line
 // and the command-line tool all load through here.
 Open_Result Open_File(Vorlane& vForm, const std::string& path);
+// A file named on the editor's command line (by the user or a file manager): opened as File >
+// Open opens it, under its full path as the dialog would give it.
+void Open_Named(Vorlane& vForm, const std::string& name);
 void GreatNewFile(Vorlane& vForm);
 void FileSave(Vorlane& vForm);
 void ForSave(Vorlane& vForm);
@@ -37,3 +40,6 @@ void Save(Vorlane& vForm);
 void SaveAs(Vorlane& vForm);
 // Adds the character's name to the file name in SBar_3, for files 057 .. 169.
 void CorrectBar(Vorlane& vForm);
+// The file of character npc beside the others: its number in three digits and .npc, "078.npc".
+// The character of a file is read back from those first three characters (CorrectBar).
+std::string Npc_File_Name(int npc);

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "support/memory_files.h"
-#include "support/scripted_platform.h"
+#include "form/recording_platform.h"
 
 // An invariant that does not hold: libFuzzer keeps the input that led here.
 [[noreturn]] inline void Broken(const std::string& what) {

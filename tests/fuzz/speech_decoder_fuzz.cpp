@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool in_file = !beyond_32_bits && file_size >= last;
   const bool failure = beyond_32_bits || (in_file && (last > 32767 || first < 1));
 
-  Scripted_Platform platform;
+  Recording_Platform platform;
   Checked_Files files;
   files.Content[Path] = file;
   files.allowed_from = first - 1;

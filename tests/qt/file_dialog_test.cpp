@@ -99,7 +99,7 @@ class File_Dialog_Test : public QObject {
 
  private:
   std::unique_ptr<Qt_Window> window_;
-  Scripted_Platform* platform_ = nullptr;
+  Recording_Platform* platform_ = nullptr;
   Vorlane* model_ = nullptr;
 
   std::string Path(const std::string& name) { return window_->folder.Path(name); }

@@ -11,6 +11,7 @@
 #include <QStyleOptionSlider>
 
 #include "qt/qt_support.h"
+#include "store/file_commands.h"
 #include "store/image.h"
 #include "form/layout.h"
 
@@ -21,7 +22,7 @@ class Main_Window_Test : public QObject {
 
  private:
   std::unique_ptr<Qt_Window> window_;
-  Scripted_Platform* platform_ = nullptr;
+  Recording_Platform* platform_ = nullptr;
   Vorlane* model_ = nullptr;
   qtview::Main_View* view_ = nullptr;
 
@@ -159,10 +160,10 @@ class Main_Window_Test : public QObject {
     window_->folder.Write("short.npc", Bytes(1599));
     const std::string full = window_->folder.Write("075.npc", Standard_File());
     QVERIFY(QDir::setCurrent(QString::fromStdString(window_->folder.Path(""))));
-    view_->Open_Named("short.npc");
+    view_->Dispatch([&] { Open_Named(*model_, "short.npc"); });
     QCOMPARE(platform_->Messages, (std::vector<Shown_Message>{{"Неверный размер файла", msgbox::Warning, "ERROR"}}));
     QVERIFY(!Named(view_, "Check")->isEnabled());
-    view_->Open_Named("075.npc");
+    view_->Dispatch([&] { Open_Named(*model_, "075.npc"); });
     QCOMPARE(model_->SBar_2.SimpleText, full);
     QVERIFY(Named(view_, "Check")->isEnabled());
     QDir::setCurrent(QDir::tempPath());  // the folder goes with the test

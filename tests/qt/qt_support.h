@@ -10,14 +10,14 @@
 #include <string>
 
 #include "support/files.h"
-#include "support/scripted_platform.h"
+#include "form/recording_platform.h"
 #include "qt/main_view.h"
 #include "qt/qt_platform.h"
 
 struct Qt_Window {
   Temp_Folder folder;
   qtview::Qt_Platform system;
-  Scripted_Platform platform{&system};
+  Recording_Platform platform{&system};
   Vorlane model{platform};
   qtview::Main_View view{model, system};
 

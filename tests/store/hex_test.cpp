@@ -15,7 +15,7 @@
 #include "store/number.h"
 #include "system/text.h"
 #include "support/data.h"
-#include "support/scripted_platform.h"
+#include "form/recording_platform.h"
 #include "form/vorlane.h"
 
 namespace {
@@ -57,7 +57,7 @@ const std::map<std::string, Conversion>& Conversions() {
       {"file_title", [](std::string t) { return text::File_Title(t); }},
       {"correct_bar",  // the file name in SBar_3 gets the character's name
        [](std::string t) {
-         Scripted_Platform platform;
+         Recording_Platform platform;
          Vorlane window(platform);
          window.SBar_3.SimpleText = t;
          CorrectBar(window);

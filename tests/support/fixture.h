@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "support/files.h"
-#include "support/scripted_platform.h"
+#include "form/recording_platform.h"
 #include "form/vorlane.h"
 
 // The 32 captions of the byte cells joined, "" for an empty cell.
@@ -37,7 +37,7 @@ class Window_Test : public ::testing::Test {
   void TearDown() override;
 
   Temp_Folder folder;
-  Scripted_Platform platform;
+  Recording_Platform platform;
   Vorlane window;
 };
 

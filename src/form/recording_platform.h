@@ -1,6 +1,7 @@
-// The platform of the tests, the fuzz targets, the benchmarks and the screenshot tool: it answers
-// message boxes and file dialogs from a script and records everything that was shown, beeped or
-// ended. What the script has no answer for is a surprise: a question is cancelled, a dialog too.
+// A platform without windows: it answers message boxes and file dialogs from a script and records
+// everything that was shown, beeped or ended. What the script has no answer for is a surprise: a
+// question is cancelled, a dialog too. The command line drives the window objects on it (Quiet,
+// with no script), and so do the tests, the fuzz targets, the benchmarks and the screenshot tool.
 // Given the system's own platform, it takes the screen from there and, with Real_Dialogs, shows
 // the system's file dialogs.
 #pragma once
@@ -11,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "system/text.h"
 #include "form/platform.h"
+#include "system/text.h"
 
 struct Shown_Message {
   std::string Prompt;
@@ -37,9 +38,9 @@ struct Shown_Dialog {
   Common_Dialog Result;    // as the dialog handed it back
 };
 
-class Scripted_Platform : public Platform {
+class Recording_Platform : public Platform {
  public:
-  explicit Scripted_Platform(Platform* system = nullptr) : system_(system) {}
+  explicit Recording_Platform(Platform* system = nullptr) : system_(system) {}
 
   // Answers to the questions (style 35), in order; boxes with one button need none.
   std::deque<int> Answers;
