@@ -6,8 +6,9 @@ set(VORLANE_LOGIC_SOURCES
   src/form/about_form.cpp
   src/form/edit_form.cpp
   src/form/events.cpp
-  src/form/layout.cpp
+  src/form/control_table.cpp
   src/form/record_tests.cpp
+  src/form/registry.cpp
   src/form/vorlane.cpp
   src/store/conversion.cpp
   src/store/error_text.cpp

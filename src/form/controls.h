@@ -5,8 +5,10 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 // The names of the three windows, as the routing table and the control table know them.
@@ -25,8 +27,11 @@ constexpr std::int32_t System(int index) {
 
 constexpr std::int32_t Active_Title_Bar = System(2);
 constexpr std::int32_t Window_Background = System(5);
+constexpr std::int32_t Window_Text = System(8);
+constexpr std::int32_t Active_Title_Text = System(9);
 constexpr std::int32_t Active_Border = System(10);
 constexpr std::int32_t Button_Face = System(15);
+constexpr std::int32_t Button_Text = System(18);
 constexpr std::int32_t Light_3D = System(22);
 constexpr std::int32_t Pale_Yellow = 0x80FFFF;
 
@@ -76,6 +81,11 @@ struct Frame {
 
 // A drawn line; it has no state, only its place.
 struct Line {};
+
+// A picture, stored with the window.
+struct Image {
+  std::span<const std::uint8_t> Picture;  // the bytes of a GIF
+};
 
 struct Menu_Item {
   std::string Caption;
@@ -127,6 +137,12 @@ struct Common_Dialog {
   std::string DialogTitle;
 };
 
+struct Form_Window;
+
+// A control of a window object, as the control table names it: the model it holds its state in.
+using Model = std::variant<std::monostate, Form_Window*, Label*, Button*, Option_Button*, Check_Box*, Text_Box*,
+                           List_Box*, Slider_Control*, Status_Bar*, Frame*, Line*, Image*, Menu_Item*>;
+
 // What every window has: its title, whether it takes input, its outer place and size in twips,
 // and the control that should hold the focus (a request the view carries out once per serial).
 struct Form_Window {
@@ -143,4 +159,15 @@ struct Form_Window {
     Focus = std::move(control);
     ++Focus_Serial;
   }
+
+  // The window's name in the control table, and the models of its controls, the window itself
+  // first, in the order of its rows there.
+  std::string_view Name;
+  std::vector<Model> Models;
+  // The model of the control of this name; empty for a name the window doesn't have.
+  Model Control(std::string_view name) const;
+
+  // A double click comes as press, release, double click, release: the release after it is no
+  // click of its own.
+  bool After_Double_Click = false;
 };

@@ -1,27 +1,36 @@
 #include "form/edit_form.h"
 
-#include "form/layout.h"
+#include "form/registry.h"
 
 namespace {
 
 // The outer size of a fixed dialog window: a frame of 3 pixels on each side and a title bar of
-// 19 pixels around the client area. The binding may correct it to the frame its system draws.
-constexpr std::int32_t Frame_Across = 2 * 3 * layout::Twips_Per_Pixel;
-constexpr std::int32_t Frame_Down = (19 + 2 * 3) * layout::Twips_Per_Pixel;
+// 19 pixels around the client area, at 15 twips a pixel. The front end corrects it to the frame
+// its system draws.
+constexpr std::int32_t Frame_Across = 2 * 3 * 15;
+constexpr std::int32_t Frame_Down = (19 + 2 * 3) * 15;
 
 }  // namespace
 
 Edit_Form::Edit_Form(Vorlane& main) : Main(main) {
-  Width = layout::Edit_Client_Width + Frame_Across;
-  Height = layout::Edit_Client_Height + Frame_Down;
-  F_1.Caption = "Select byte";
-  F_2.Caption = "Current";
-  L_1.Caption = "Hex";
-  L_2.Caption = "Dec";
-  F_3.Caption = "Encode number as";
-  O_2.Caption = "&Word (Max. 65535)";
-  O_1.Caption = "&Byte (255)";
-  ComApply.Caption = "&Overwrite";
-  ComOK.Caption = "&Apply";
-  ComCl.Caption = "Cancel";
+  Bind_Controls(*this, window::Edit,
+                {{window::Edit, static_cast<Form_Window*>(this)},
+                 {"F_1", &F_1},
+                 {"List", &List},
+                 {"F_2", &F_2},
+                 {"L_1", &L_1},
+                 {"L_H", &L_H},
+                 {"L_2", &L_2},
+                 {"L_D", &L_D},
+                 {"F_3", &F_3},
+                 {"Txt_1", &Txt_1},
+                 {"Txt_4", &Txt_4},
+                 {"O_2", &O_2},
+                 {"O_1", &O_1},
+                 {"ComApply", &ComApply},
+                 {"ComOK", &ComOK},
+                 {"ComCl", &ComCl}});
+  const Rect client = controls::Window_Row(window::Edit).Place;
+  Width = client.Width + Frame_Across;
+  Height = client.Height + Frame_Down;
 }

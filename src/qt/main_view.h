@@ -1,34 +1,43 @@
-// The main window on Qt widgets. Every widget carries its control's name as objectName; what the
-// user does goes to the logic as (window, control, event), and after each event the model is
-// rendered back with the widgets' signals blocked. The view decides nothing.
+// The windows on Qt: the main window with its menu bar, and the Edit and About windows while the
+// logic holds them open. Each shows its window object through a Form_View; what the user does
+// goes to the logic as neutral input, and afterwards every window shows its model again.
 #pragma once
 
 #include <QMainWindow>
 #include <QPointer>
 
-#include <array>
-#include <map>
-#include <optional>
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
-#include "ui/events.h"
-#include "qt/about_view.h"
-#include "qt/edit_view.h"
-#include "qt/qt_platform.h"
-#include "qt/widgets.h"
+#include "form/events.h"
 #include "form/vorlane.h"
-
-class QAction;
-class QCheckBox;
-class QLineEdit;
-class QListWidget;
-class QPushButton;
-class QSlider;
+#include "qt/form_view.h"
+#include "qt/qt_platform.h"
 
 namespace qtview {
 
-class Main_View : public QMainWindow, public Event_Sink {
+// A window other than the main one: Edit or About, made anew each time the logic opens it.
+class Window_View : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Shown above `owner`; what the user does goes to `sink`.
+  Window_View(QWidget* owner, Input_Sink& sink, Form_Window& form, const Screen_Size& screen);
+
+  Form_Window& Form() const { return view_->Form(); }
+  Form_View& View() const { return *view_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  Input_Sink& sink_;
+  Form_View* view_;
+};
+
+class Main_View : public QMainWindow, public Input_Sink {
   Q_OBJECT
 
  public:
@@ -38,65 +47,34 @@ class Main_View : public QMainWindow, public Event_Sink {
 
   // The start-up event, then the first render; the caller shows the window.
   void Start();
-  using Event_Sink::Raise;
-  bool Raise(std::string_view window, std::string_view control, Event on, Event_Args& args) override;
-  // Runs any handler of the logic as an event, then brings every window up to date.
+  // Runs one input of the user, or any handler of the logic as an event, then brings every window
+  // up to date.
+  void Input(const std::function<void(Vorlane&)>& input) override;
   template <class Handler>
   void Dispatch(Handler&& handler) {
     Fire(model_, std::forward<Handler>(handler));
     Sync();
   }
-  void Render();
-  Edit_View* Edit_Window() const { return edit_view_; }
-  About_View* About_Window() const { return about_view_; }
+  // Raises an event of a control, then brings every window up to date.
+  bool Raise(std::string_view window, std::string_view control, Event on);
+
+  Window_View* Edit_Window() const { return edit_view_; }
+  Window_View* About_Window() const { return about_view_; }
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void Build_Controls();
-  void Build_Menus();
   void Sync();
-  QLabel* Make_Label(const std::string& name, Label_View* view = nullptr);
+  void Render();
+  // Opens or closes the view of a window to match the model.
+  void Follow(QPointer<Window_View>& view, Form_Window* form);
 
   Vorlane& model_;
   Qt_Platform& platform_;
-  QWidget* client_ = nullptr;
-  QSlider* slider_ = nullptr;
-  QListWidget* list_ = nullptr;
-  List_View list_view_;
-  QCheckBox* check_ = nullptr;
-  QPushButton* com1_ = nullptr;
-  QPushButton* com2_ = nullptr;
-  QPushButton* com_exit_ = nullptr;
-  QLineEdit* txt_free_ = nullptr;
-  std::array<Label_View, 32> cells_;
-  Label_View l_info_line_, l_nline_, l_info_user_, l_nbyte_, help_, l_edt_, l_fix_, l_fix_1_, l_message_;
-  QLabel* sbar_[3] = {};
-  std::map<std::string, QAction*> actions_;
-
-  // The last rendered state of what is not a label; empty before the first render.
-  struct Rendered {
-    struct Button {
-      std::optional<std::string> caption;
-      std::optional<bool> enabled;
-    };
-    std::optional<bool> enabled;
-    std::optional<std::string> caption;
-    std::optional<int> slider;
-    std::optional<int> check;
-    std::optional<bool> check_enabled;
-    Button com1, com2;
-    std::array<std::optional<std::string>, 3> sbar_text, sbar_tip;
-    std::optional<std::string> txt_free;
-    std::map<std::string, Button> menus;
-    std::optional<unsigned> focus_serial;
-  } rendered_;
-
-  bool after_double_click_ = false;
-  QPointer<Edit_View> edit_view_;
-  QPointer<About_View> about_view_;
+  Form_View* view_;
+  QPointer<Window_View> edit_view_;
+  QPointer<Window_View> about_view_;
 };
 
 }  // namespace qtview

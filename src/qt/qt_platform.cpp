@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QWidget>
 
-#include "form/layout.h"
 #include "qt/widgets.h"
 
 namespace qtview {
@@ -109,7 +108,7 @@ Screen_Size Qt_Platform::Screen() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   if (!screen) return {};
   const QRect r = screen->geometry();
-  return {r.width() * layout::Twips_Per_Pixel, r.height() * layout::Twips_Per_Pixel};
+  return {Twips(r.width()), Twips(r.height())};
 }
 
 void Qt_Platform::Mouse_Pointer(int shape) {

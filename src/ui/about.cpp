@@ -2,19 +2,20 @@
 
 #include <memory>
 
-#include "form/layout.h"
+#include "form/control_table.h"
+#include "form/registry.h"
 #include "form/vorlane.h"
-
 
 void nAbout_Click(Vorlane& vForm) {
   vForm.About = std::make_unique<About_Form>(vForm);
   About_Load(*vForm.About);
 }
 
-// The elliptic region and the topmost flag belong to the window system; the binding sets them.
+// The elliptic region and the topmost flag are the window row's: the front end sets them.
 void About_Load(About_Form& vForm) {
   Position::Place_Controls(vForm, vForm.Main.platform.Screen());
   vForm.Main.Enabled = false;
+  Focus_At_Start(vForm);
 }
 
 void About_KeyPress(About_Form& vForm, int key_ascii) {

@@ -13,7 +13,8 @@
 #include "store/image.h"
 #include "store/number.h"
 #include "system/text.h"
-#include "form/layout.h"
+#include "form/control_table.h"
+#include "form/registry.h"
 #include "form/record_tests.h"
 #include "form/vorlane.h"
 
@@ -124,7 +125,7 @@ void Edit_Load(Edit_Form& vForm) {
   vForm.List.Clear();
   for (const Edit_Row& row : fields::Edit_Rows()) vForm.List.AddItem(std::string(row.Text));
   Old_Data(vForm);
-  vForm.SetFocus("Txt_1");
+  Focus_At_Start(vForm);
 }
 
 void Edit_List_Click(Edit_Form& vForm) {

@@ -1,5 +1,7 @@
 #include "ui/events.h"
 
+#include <utility>
+#include <variant>
 #include <vector>
 
 #include "speech/edt_reader.h"
@@ -10,7 +12,7 @@
 #include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
-#include "form/layout.h"
+#include "form/control_table.h"
 #include "ui/navigation.h"
 #include "ui/reference_lists.h"
 #include "ui/shell.h"
@@ -19,7 +21,7 @@ namespace {
 
 // The handlers in the table's one shape.
 template <void (*F)(Vorlane&)>
-void Main(Vorlane& main, Event_Args&) {
+void In_Main(Vorlane& main, Event_Args&) {
   F(main);
 }
 template <void (*F)(Vorlane&, int)>
@@ -39,63 +41,65 @@ void About_Key(Vorlane& main, Event_Args& args) { About_KeyPress(*main.About, ar
 void Img1_Clicked(Vorlane& main, Event_Args&) { Img1_Click(*main.About); }
 
 std::vector<Route> Make_Routes() {
+  using window::About, window::Edit, window::Main;
   std::vector<Route> routes{
-      {"Vorlane", "Vorlane", Event::Load, Main<Form_Load>},
-      {"Vorlane", "Vorlane", Event::Unload, Unload},
-      {"Vorlane", "Vorlane", Event::Key_Up, Key_Up},
-      {"Vorlane", "Slider", Event::Change, Main<Slider_Change>},
-      {"Vorlane", "Slider", Event::Mouse_Move, Main<Slider_MouseMove>},
-      {"Vorlane", "Check", Event::Click, Main<Check_Click>},
-      {"Vorlane", "Com1", Event::Click, Main<Com1_Click>},
-      {"Vorlane", "Com2", Event::Click, Main<Com2_Click>},
-      {"Vorlane", "List", Event::Got_Focus, Main<List_GotFocus>},
-      {"Vorlane", "List", Event::Mouse_Move, Main<List_MouseMove>},
-      {"Vorlane", "L_Info_User", Event::Mouse_Move, Main<L_Info_User_MouseMove>},
-      {"Vorlane", "SBar_3", Event::Mouse_Move, Main<SBar_3_MouseMove>},
-      {"Vorlane", "ComExit", Event::Click, Main<ComExit_Click>},
-      {"Vorlane", "nOpen", Event::Click, Main<nOpen_Click>},
-      {"Vorlane", "nNew", Event::Click, Main<nNew_Click>},
-      {"Vorlane", "nSave", Event::Click, Main<nSave_Click>},
-      {"Vorlane", "nSaveas", Event::Click, Main<nSaveas_Click>},
-      {"Vorlane", "nExit", Event::Click, Main<nExit_Click>},
-      {"Vorlane", "nKey_2", Event::Click, Main<nKey_2_Click>},
-      {"Vorlane", "nKey_1", Event::Click, Main<nKey_1_Click>},
-      {"Vorlane", "nItem", Event::Click, Main<nItem_Click>},
-      {"Vorlane", "nNPC_Names", Event::Click, Main<nNPC_Names_Click>},
-      {"Vorlane", "nQests", Event::Click, Main<nQests_Click>},
-      {"Vorlane", "nQuests", Event::Click, Main<nQuests_Click>},
-      {"Vorlane", "nTrigers", Event::Click, Main<nTrigers_Click>},
-      {"Vorlane", "nEdit", Event::Click, Main<nEdit_Click>},
-      {"Vorlane", "nCurrent", Event::Click, Main<nCurrent_Click>},
-      {"Vorlane", "nChaing", Event::Click, Main<nChaing_Click>},
-      {"Vorlane", "nNext", Event::Click, Main<nNext_Click>},
-      {"Vorlane", "nBack", Event::Click, Main<nBack_Click>},
-      {"Vorlane", "nAbout", Event::Click, Main<nAbout_Click>},
+      {Main, Main, Event::Load, In_Main<Form_Load>},
+      {Main, Main, Event::Unload, Unload},
+      {Main, Main, Event::Key_Up, Key_Up},
+      {Main, "Slider", Event::Change, In_Main<Slider_Change>},
+      {Main, "Slider", Event::Mouse_Move, In_Main<Slider_MouseMove>},
+      {Main, "Check", Event::Click, In_Main<Check_Click>},
+      {Main, "Com1", Event::Click, In_Main<Com1_Click>},
+      {Main, "Com2", Event::Click, In_Main<Com2_Click>},
+      {Main, "List", Event::Got_Focus, In_Main<List_GotFocus>},
+      {Main, "List", Event::Mouse_Move, In_Main<List_MouseMove>},
+      {Main, "L_Info_User", Event::Mouse_Move, In_Main<L_Info_User_MouseMove>},
+      {Main, "SBar_3", Event::Mouse_Move, In_Main<SBar_3_MouseMove>},
+      {Main, "ComExit", Event::Click, In_Main<ComExit_Click>},
+      {Main, "nOpen", Event::Click, In_Main<nOpen_Click>},
+      {Main, "nNew", Event::Click, In_Main<nNew_Click>},
+      {Main, "nSave", Event::Click, In_Main<nSave_Click>},
+      {Main, "nSaveas", Event::Click, In_Main<nSaveas_Click>},
+      {Main, "nExit", Event::Click, In_Main<nExit_Click>},
+      {Main, "nKey_2", Event::Click, In_Main<nKey_2_Click>},
+      {Main, "nKey_1", Event::Click, In_Main<nKey_1_Click>},
+      {Main, "nItem", Event::Click, In_Main<nItem_Click>},
+      {Main, "nNPC_Names", Event::Click, In_Main<nNPC_Names_Click>},
+      {Main, "nQests", Event::Click, In_Main<nQests_Click>},
+      {Main, "nQuests", Event::Click, In_Main<nQuests_Click>},
+      {Main, "nTrigers", Event::Click, In_Main<nTrigers_Click>},
+      {Main, "nEdit", Event::Click, In_Main<nEdit_Click>},
+      {Main, "nCurrent", Event::Click, In_Main<nCurrent_Click>},
+      {Main, "nChaing", Event::Click, In_Main<nChaing_Click>},
+      {Main, "nNext", Event::Click, In_Main<nNext_Click>},
+      {Main, "nBack", Event::Click, In_Main<nBack_Click>},
+      {Main, "nAbout", Event::Click, In_Main<nAbout_Click>},
 
-      {"Edit", "Edit", Event::Load, In_Edit<Edit_Load>},
-      {"Edit", "Edit", Event::Unload, Edit_Unload},
-      {"Edit", "List", Event::Click, In_Edit<Edit_List_Click>},
-      {"Edit", "Txt_1", Event::Got_Focus, In_Edit<Txt_1_GotFocus>},
-      {"Edit", "Txt_1", Event::Key_Press, Txt_1_Key},
-      {"Edit", "O_1", Event::Click, In_Edit<O_1_Click>},
-      {"Edit", "O_2", Event::Click, In_Edit<O_2_Click>},
-      {"Edit", "ComApply", Event::Click, In_Edit<ComApply_Click>},
-      {"Edit", "ComOK", Event::Click, In_Edit<ComOK_Click>},
-      {"Edit", "ComCl", Event::Click, In_Edit<ComCl_Click>},
+      {Edit, Edit, Event::Load, In_Edit<Edit_Load>},
+      {Edit, Edit, Event::Unload, Edit_Unload},
+      {Edit, "List", Event::Click, In_Edit<Edit_List_Click>},
+      {Edit, "Txt_1", Event::Got_Focus, In_Edit<Txt_1_GotFocus>},
+      {Edit, "Txt_1", Event::Key_Press, Txt_1_Key},
+      {Edit, "O_1", Event::Click, In_Edit<O_1_Click>},
+      {Edit, "O_2", Event::Click, In_Edit<O_2_Click>},
+      {Edit, "ComApply", Event::Click, In_Edit<ComApply_Click>},
+      {Edit, "ComOK", Event::Click, In_Edit<ComOK_Click>},
+      {Edit, "ComCl", Event::Click, In_Edit<ComCl_Click>},
 
-      {"About", "About", Event::Load, [](Vorlane& main, Event_Args&) { About_Load(*main.About); }},
-      {"About", "About", Event::Key_Press, About_Key},
-      {"About", "Img1", Event::Click, Img1_Clicked},
+      {About, About, Event::Load, [](Vorlane& main, Event_Args&) { About_Load(*main.About); }},
+      {About, About, Event::Key_Press, About_Key},
+      {About, "Img1", Event::Click, Img1_Clicked},
   };
   // Movement over these only clears the hint line; Line1 and Line2 count as the bare window.
-  for (const std::string_view control : {"Vorlane", "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte",
-                                         "L_NLine", "Check", "Com1", "Com2", "SBar_1", "SBar_2"})
-    routes.push_back({"Vorlane", control, Event::Mouse_Move, Main<Clear_Hint>});
+  for (const std::string_view control : std::initializer_list<std::string_view>{
+           Main, "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte", "L_NLine", "Check", "Com1", "Com2",
+           "SBar_1", "SBar_2"})
+    routes.push_back({Main, control, Event::Mouse_Move, In_Main<Clear_Hint>});
   for (int n = 1; n <= 32; ++n) {
-    const std::string_view cell = layout::Cell(n).Name;
-    routes.push_back({"Vorlane", cell, Event::Mouse_Move, Cell<L_MouseMove>, n});
-    routes.push_back({"Vorlane", cell, Event::Click, Cell<L_Click>, n});
-    routes.push_back({"Vorlane", cell, Event::Dbl_Click, Cell<L_DblClick>, n});
+    const std::string_view cell = controls::Cell(n).Name;
+    routes.push_back({Main, cell, Event::Mouse_Move, Cell<L_MouseMove>, n});
+    routes.push_back({Main, cell, Event::Click, Cell<L_Click>, n});
+    routes.push_back({Main, cell, Event::Dbl_Click, Cell<L_DblClick>, n});
   }
   return routes;
 }
@@ -118,9 +122,94 @@ bool Raise(Vorlane& vForm, std::string_view window, std::string_view control, Ev
   return Raise(vForm, window, control, on, args);
 }
 
-void Input_Value(Vorlane& vForm, std::string_view control, int value) {
+namespace {
+
+// The window object of a window that is open, or nullptr.
+Form_Window* Open_Window(Vorlane& vForm, std::string_view window) {
+  if (window == window::Edit) return vForm.Edit.get();
+  if (window == window::About) return vForm.About.get();
+  return &vForm;
+}
+
+bool Takes_Input(Vorlane& vForm, std::string_view window) {
+  const Form_Window* form = Open_Window(vForm, window);
+  return form && form->Enabled && !vForm.Ended && !vForm.Unloaded;
+}
+
+}  // namespace
+
+void Input_Value(Vorlane& vForm, std::string_view window, std::string_view control, int value) {
+  Form_Window* form = Open_Window(vForm, window);
+  if (!form || !Takes_Input(vForm, window)) return;
+  const Model model = form->Control(control);
   Fire(vForm, [&] {
-    if (control == "Slider") Slider_Set_Value(vForm, value);
-    if (control == "Check") Check_Set_Value(vForm, value);
+    if (std::holds_alternative<Slider_Control*>(model)) {
+      Slider_Set_Value(vForm, value);
+    } else if (std::holds_alternative<Check_Box*>(model)) {
+      Check_Set_Value(vForm, value);
+    } else if (List_Box* const* list = std::get_if<List_Box*>(&model)) {
+      (*list)->ListIndex = value;
+      Event_Args args;
+      if (value >= 0) Run_Event(vForm, window, control, Event::Click, args);
+    }
   });
+}
+
+void Input_Text(Vorlane& vForm, std::string_view window, std::string_view control, const std::string& text) {
+  Form_Window* form = Open_Window(vForm, window);
+  if (!form || !Takes_Input(vForm, window)) return;
+  const Model model = form->Control(control);
+  if (Text_Box* const* box = std::get_if<Text_Box*>(&model)) (*box)->Text = text;
+}
+
+void Got_Focus(Vorlane& vForm, std::string_view window, std::string_view control) {
+  if (Takes_Input(vForm, window)) Raise(vForm, window, control, Event::Got_Focus);
+}
+
+bool Mouse_Move(Vorlane& vForm, std::string_view window, std::string_view control, bool button_held) {
+  if (Takes_Input(vForm, window)) Raise(vForm, window, control, Event::Mouse_Move);
+  return !button_held;
+}
+
+void Mouse_Up(Vorlane& vForm, std::string_view window, std::string_view control, bool over_control) {
+  Form_Window* form = Open_Window(vForm, window);
+  if (!form || !Takes_Input(vForm, window)) return;
+  const bool second_release = std::exchange(form->After_Double_Click, false);
+  if (over_control && !second_release) Raise(vForm, window, control, Event::Click);
+}
+
+void Double_Click(Vorlane& vForm, std::string_view window, std::string_view control) {
+  Form_Window* form = Open_Window(vForm, window);
+  if (!form || !Takes_Input(vForm, window)) return;
+  form->After_Double_Click = true;
+  Raise(vForm, window, control, Event::Dbl_Click);
+}
+
+bool Key_Down(Vorlane& vForm, std::string_view window, std::string_view control, int character) {
+  constexpr int Escape = 27, Delete = 127;
+  if (!Takes_Input(vForm, window)) return true;
+  if (character == Escape) {
+    if (const Control* cancel = controls::Cancel_Button(window)) {
+      Raise(vForm, window, cancel->Name, Event::Click);
+      return false;
+    }
+  }
+  if (character <= 0 || character == Delete) return true;
+  Event_Args args{.Key = character};
+  Raise(vForm, window, control, Event::Key_Press, args);
+  return args.Key != 0;
+}
+
+void Key_Up(Vorlane& vForm, std::string_view window, int key_code) {
+  if (!Takes_Input(vForm, window)) return;
+  if (controls::Window_Row(window).Styles & window_style::Key_Preview) {
+    Event_Args args{.Key = key_code};
+    Raise(vForm, window, window, Event::Key_Up, args);
+  }
+}
+
+bool Close_Window(Vorlane& vForm, std::string_view window) {
+  if (!Open_Window(vForm, window)) return true;
+  Raise(vForm, window, window, Event::Unload);
+  return !Open_Window(vForm, window) || vForm.Unloaded || vForm.Ended;
 }

@@ -2,7 +2,8 @@
 
 #include "store/file_commands.h"
 #include "system/text.h"
-#include "form/layout.h"
+#include "form/control_table.h"
+#include "form/registry.h"
 #include "form/vorlane.h"
 
 void Form_Load(Vorlane& vForm) {
@@ -15,6 +16,7 @@ void Form_Load(Vorlane& vForm) {
   vForm.Bad_Record_Text = "Bad record";
   vForm.nNext.Caption = "Next\t+";
   vForm.nBack.Caption = "Back\t-";
+  Focus_At_Start(vForm);
 }
 
 void Clear_Hint(Vorlane& vForm) { vForm.L_Info_Line.Caption.clear(); }

@@ -92,7 +92,7 @@ class Accessibility_Test : public QObject {
   void the_byte_cells_open_the_editor_and_its_controls_work() {
     window_->view.Raise("Vorlane", "nNext", Event::Click);
     Act(W("L_9"), "Edit");
-    QDialog* edit = window_->view.Edit_Window();
+    QWidget* edit = window_->view.Edit_Window();
     QVERIFY(edit);
     Expect_Texts_Exposed(edit);
     auto* list = Named(edit, "List");

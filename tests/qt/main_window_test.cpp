@@ -11,9 +11,10 @@
 #include <QStyleOptionSlider>
 
 #include "qt/qt_support.h"
+#include "qt/widgets.h"
 #include "store/file_commands.h"
 #include "store/image.h"
-#include "form/layout.h"
+#include "form/control_table.h"
 
 using qtview::Px;
 
@@ -33,7 +34,13 @@ class Main_Window_Test : public QObject {
   }
   QLabel* L(const char* name) { return Named<QLabel>(view_, name); }
   QLabel* Cell(int n) { return L(("L_" + std::to_string(n)).c_str()); }
-  static QRect Rect(const Geometry& g) { return {Px(g.Left), Px(g.Top), Px(g.Width), Px(g.Height)}; }
+  static QRect Place(const Control& c) { return {Px(c.Place.Left), Px(c.Place.Top), Px(c.Place.Width), Px(c.Place.Height)}; }
+  // Every control of a window that is a widget of its own stands at its place.
+  static void Expect_Placed(QWidget* window, std::string_view name) {
+    for (const Control& c : controls::Of(name))
+      if (c.Kind != Control_Kind::Window && c.Kind != Control_Kind::Line && c.Kind != Control_Kind::Menu_Item)
+        QCOMPARE(Named(window, std::string(c.Name).c_str())->geometry(), Place(c));
+  }
 
  private slots:
   void init() {
@@ -46,16 +53,15 @@ class Main_Window_Test : public QObject {
   void cleanup() { window_.reset(); }
 
   void every_control_stands_at_its_place_with_its_menus() {
-    for (const Geometry& g : layout::Main_Controls())
-      QCOMPARE(Named(view_, std::string(g.Name).c_str())->geometry(), Rect(g));
-    for (int n = 1; n <= 32; ++n) QCOMPARE(Cell(n)->geometry(), Rect(layout::Cell(n)));
+    Expect_Placed(view_, window::Main);
     QCOMPARE(view_->centralWidget()->size(), QSize(594, 423));
     QCOMPARE(view_->minimumSize(), view_->maximumSize());
     QVERIFY(L("L_Info_User")->font().bold());
     QVERIFY(Named(view_, "Txt_Free")->isHidden());
     QVERIFY(Named(view_, "Slider")->hasFocus());
     Open_At(0);
-    for (const Menu_Entry& entry : layout::Main_Menu()) {
+    for (const Control& entry : controls::Of(window::Main)) {
+      if (entry.Kind != Control_Kind::Menu_Item) continue;
       auto* action = Named<QAction>(view_, std::string(entry.Name).c_str());
       const Menu_Item* item = model_->Menu(entry.Name);
       if (entry.Caption != "-") QCOMPARE(action->text().toStdString(), item->Caption);
@@ -70,12 +76,12 @@ class Main_Window_Test : public QObject {
   void keys_and_the_mouse_move_through_the_records() {
     Open_At(0);
     auto* slider = Named<QSlider>(view_, "Slider");
-    QTest::keyClick(Named(view_, "List"), Qt::Key_Plus, Qt::KeypadModifier);
-    QTest::keyClick(slider, Qt::Key_Plus, Qt::KeypadModifier);
-    QTest::keyClick(Named(view_, "List"), Qt::Key_Minus, Qt::KeypadModifier);
-    QTest::keyClick(Named(view_, "List"), Qt::Key_Plus);
+    Type(Named(view_, "List"), Qt::Key_Plus, Qt::KeypadModifier);
+    Type(slider, Qt::Key_Plus, Qt::KeypadModifier);
+    Type(Named(view_, "List"), Qt::Key_Minus, Qt::KeypadModifier);
+    Type(Named(view_, "List"), Qt::Key_Plus);
     QCOMPARE(model_->Slider.Value, 1);
-    QTest::keyClick(slider, Qt::Key_End);
+    Type(slider, Qt::Key_End);
     QCOMPARE(L("L_NLine")->text(), QString("Record #50"));
     QStyleOptionSlider option;
     option.initFrom(slider);
@@ -114,17 +120,16 @@ class Main_Window_Test : public QObject {
     Open_At(12);
     QTest::mouseClick(Cell(5), Qt::LeftButton);
     QTest::mouseDClick(Cell(5), Qt::LeftButton);
-    QDialog* edit = view_->Edit_Window();
+    QWidget* edit = view_->Edit_Window();
     QVERIFY(edit && edit->isVisible() && !view_->isEnabled());
     QCOMPARE(edit->windowTitle(), QString("EDIT Record #12"));
     QVERIFY(!(edit->windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint)));
-    for (const Geometry& g : layout::Edit_Controls())
-      QCOMPARE(Named(edit, std::string(g.Name).c_str())->geometry(), Rect(g));
+    Expect_Placed(edit, window::Edit);
     QCOMPARE(model_->L(5).BackColor, colour::Pale_Yellow);  // the double click's click ran first
     Named<QListWidget>(edit, "List")->setCurrentRow(1);     // Bytes 03-04
     QCOMPARE(Named<QLabel>(edit, "L_D")->text(), QString("3854"));
     auto* txt_1 = Named<QLineEdit>(edit, "Txt_1");
-    QTest::keyClicks(txt_1, "3a0x0");
+    Type(txt_1, "3a0x0");
     QCOMPARE(txt_1->text(), QString("300"));
     QTest::mouseClick(Named<QRadioButton>(edit, "O_2"), Qt::LeftButton);
     QCOMPARE(Named<QLineEdit>(edit, "Txt_4")->text(), QString("2C 01"));
@@ -135,7 +140,7 @@ class Main_Window_Test : public QObject {
     QCOMPARE(Cell(3)->text() + Cell(4)->text(), QString("2C01"));
     // Esc in the editor is Cancel; its title bar's close gives the main window back too.
     view_->Raise("Vorlane", "nEdit", Event::Click);
-    QTest::keyClick(Named(view_->Edit_Window(), "Txt_1"), Qt::Key_Escape);
+    Type(Named(view_->Edit_Window(), "Txt_1"), Qt::Key_Escape);
     QVERIFY(!model_->Edit);
     view_->Raise("Vorlane", "nEdit", Event::Click);
     view_->Edit_Window()->close();
@@ -148,7 +153,7 @@ class Main_Window_Test : public QObject {
     model_->L(1).Caption = "EE";
     view_->Dispatch([&] { Read_From_File(*model_); });
     platform_->Answers = {msgbox::Cancel, msgbox::Cancel, msgbox::No};
-    QTest::keyClick(Named(view_, "List"), Qt::Key_Escape);
+    Type(Named(view_, "List"), Qt::Key_Escape);
     QVERIFY(!view_->close());
     QVERIFY(view_->isVisible() && !model_->Unloaded);
     QVERIFY(view_->close());
@@ -176,13 +181,14 @@ class Main_Window_Test : public QObject {
     QVERIFY(about->windowFlags() & Qt::WindowStaysOnTopHint);
     QVERIFY(about->windowFlags() & Qt::FramelessWindowHint);
     QCOMPARE(about->size(), QSize(417, 357));
-    QCOMPARE(Named(about, "Img1")->geometry(), Rect(layout::About_Image));
+    Expect_Placed(about, window::About);
     const QRegion mask = about->mask();
     QVERIFY(mask.contains(QPoint(195, 182)) && !mask.contains(QPoint(31, 21)) && !mask.contains(QPoint(400, 340)));
-    QTest::keyClick(about, Qt::Key_F5);
-    QTest::keyClick(about, Qt::Key_Shift);
+    Type(about, Qt::Key_F5);
+    Type(about, Qt::Key_Shift);
+    Type(about, Qt::Key_Delete);
     QVERIFY(model_->About);
-    QTest::keyClick(about, Qt::Key_A);
+    Type(about, Qt::Key_A);
     QVERIFY(!model_->About && view_->isEnabled());
     Named<QAction>(view_, "nAbout")->trigger();
     QTest::mouseClick(Named<QLabel>(view_->About_Window(), "Img1"), Qt::LeftButton);

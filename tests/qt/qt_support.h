@@ -11,6 +11,8 @@
 
 #include "support/files.h"
 #include "form/recording_platform.h"
+#include "form/about_form.h"
+#include "form/edit_form.h"
 #include "qt/main_view.h"
 #include "qt/qt_platform.h"
 
@@ -37,6 +39,21 @@ W* Named(QWidget* root, const char* name) {
   W* widget = root->findChild<W*>(name);
   if (!widget) qFatal("no widget named %s", name);
   return widget;
+}
+
+// A key typed while the widget has the focus of its window, as the window system gives it: to
+// the window, which passes it to the widget.
+inline void Type(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QVERIFY(QTest::qWaitForWindowActive(widget->window()));
+  widget->setFocus();
+  QApplication::processEvents();
+  QTest::keyClick(widget->window()->windowHandle(), key, modifiers);
+}
+inline void Type(QWidget* widget, const char* text) {
+  QVERIFY(QTest::qWaitForWindowActive(widget->window()));
+  widget->setFocus();
+  QApplication::processEvents();
+  for (const char* c = text; *c; ++c) QTest::keyClick(widget->window()->windowHandle(), *c);
 }
 
 // A mouse movement over a widget, without a button held.

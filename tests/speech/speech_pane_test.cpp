@@ -26,7 +26,7 @@ class Speech_Pane : public Window_Test {
   Speech_Pane() { Open_Bytes("123.npc", Standard_File()); }
 
   // A click on Check that gives it this value.
-  void Set_Check(int value) { Input_Value(window, "Check", value); }
+  void Set_Check(int value) { Input_Value(window, window::Main, "Check", value); }
   // Ticks Check; the dialog gives this pick (nullopt: Cancel).
   void Tick(std::optional<Dialog_Pick> pick) {
     platform.Picks.push_back(std::move(pick));

@@ -3,7 +3,7 @@
 #include "ui/shell.h"
 
 #include "support/fixture.h"
-#include "form/layout.h"
+#include "form/control_table.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "support/data.h"
 #include "support/fixture.h"
 #include "ui/events.h"
-#include "form/layout.h"
+#include "form/control_table.h"
 #include "vocab/vocab.h"
 
 namespace {
@@ -123,7 +123,8 @@ TEST_F(Tables_Window, ReferenceListsLineByLine) {
 
 TEST_F(Tables_Window, MenusAfterStartUp) {
   std::vector<Data_Row> code;
-  for (const Menu_Entry& entry : layout::Main_Menu()) {
+  for (const Control& entry : controls::Of(window::Main)) {
+    if (entry.Kind != Control_Kind::Menu_Item) continue;
     const Menu_Item& item = *window.Menu(entry.Name);  // the window has an item for every entry
     code.push_back(Row(entry.Name, entry.Parent, item.Caption, entry.Shortcut, item.Enabled ? 1 : 0));
   }
@@ -132,16 +133,12 @@ TEST_F(Tables_Window, MenusAfterStartUp) {
 
 TEST(Tables, Layout) {
   std::vector<Data_Row> code;
-  const auto add = [&](const char* window, const Geometry& g) {
-    code.push_back(Row(window, g.Name, g.Left, g.Top, g.Width, g.Height));
-  };
-  add("Vorlane", {"(client)", 0, 0, layout::Main_Client_Width, layout::Main_Client_Height});
-  for (const Geometry& g : layout::Main_Controls()) add("Vorlane", g);
-  for (int n = 1; n <= 32; ++n) add("Vorlane", layout::Cell(n));
-  add("Edit", {"(client)", 0, 0, layout::Edit_Client_Width, layout::Edit_Client_Height});
-  for (const Geometry& g : layout::Edit_Controls()) add("Edit", g);
-  add("About", {"(client)", 0, 0, layout::About_Client_Width, layout::About_Client_Height});
-  add("About", layout::About_Image);
+  for (const std::string_view window : {window::Main, window::Edit, window::About})
+    for (const Control& c : controls::Of(window)) {
+      if (c.Kind == Control_Kind::Menu_Item || c.Kind == Control_Kind::Line) continue;
+      const std::string name = c.Kind == Control_Kind::Window ? "(client)" : std::string(c.Name);
+      code.push_back(Row(std::string(window), name, c.Place.Left, c.Place.Top, c.Place.Width, c.Place.Height));
+    }
   Expect_Rows("layout.txt", code, 2);
 }
 
