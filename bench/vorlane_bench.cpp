@@ -34,20 +34,20 @@
 
 #include "bench_files.h"
 #include "fields/field_map.h"
+#include "form/recording_platform.h"
+#include "form/vorlane.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
-#include "store/file_commands.h"
 #include "store/conversion.h"
+#include "store/file_commands.h"
 #include "store/type_report.h"
-#include "form/recording_platform.h"
 #include "ui/byte_grid.h"
 #include "ui/events.h"
 #include "ui/navigation.h"
-#include "qt/main_view.h"
-#include "qt/qt_platform.h"
 #include "ui/reference_lists.h"
 #include "ui/shell.h"
-#include "form/vorlane.h"
 
 namespace {
 

@@ -4,40 +4,57 @@
 // Usage: vorlane_screenshot OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QPixmap>
+
+#include <cstdio>
 
 #include <string_view>
 
 #include "fields/field_map.h"
+#include "form/recording_platform.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
 #include "store/file_commands.h"
-#include "form/recording_platform.h"
 #include "tool_files.h"
 #include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
 #include "ui/navigation.h"
-#include "qt/main_view.h"
-#include "qt/qt_platform.h"
 
 namespace {
 
-void Save(QWidget* widget, const QString& path) { widget->grab().save(path); }
+// Saves the picture of a window, or with `check` compares it with the one saved before, pixel by
+// pixel; false for a picture that differs or can't be read.
+bool Picture(QWidget* widget, const QString& path, bool check) {
+  const QImage shown = widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
+  if (!check) return shown.save(path);
+  const QImage saved = QImage(path).convertToFormat(QImage::Format_RGB32);
+  if (saved == shown) return true;
+  std::fprintf(stderr, "vorlane_screenshot: %s is not what the window shows now\n", qPrintable(path));
+  return false;
+}
 
 }  // namespace
 
 int main(int argc, char* argv[]) {
   // The usage is answered before Qt looks for a display, so that it works anywhere.
+  const bool check = argc > 1 && std::string_view(argv[1]) == "--check";
+  if (check) --argc, ++argv;
   if (argc < 2 || std::string_view(argv[1]) == "--help")
     return Usage(argc > 1 ? argv[1] : "",
-                 "usage: vorlane_screenshot OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]\n"
+                 "usage: vorlane_screenshot [--check] OUT_DIR [NPC_FILE [EDT_FILE RECORD CELL]]\n"
                  "Saves pictures of the windows into OUT_DIR: main.png and about.png; with an NPC file also\n"
                  "record.png and edit.png, the record RECORD read with the field of byte cell CELL lit and,\n"
-                 "with a speech file, its line shown.\n");
+                 "with a speech file, its line shown. With --check, compares the windows with the pictures\n"
+                 "in OUT_DIR instead, pixel by pixel, and exits 1 where one differs.\n");
   QApplication app(argc, argv);
   const QString out = QString::fromLocal8Bit(argv[1]);
-  QDir().mkpath(out);
+  if (!check) QDir().mkpath(out);
+  bool same = true;
+  const auto Save = [&](QWidget* widget, const QString& path) { same = Picture(widget, path, check) && same; };
   qtview::Qt_Platform system;
   Recording_Platform platform(&system);
   platform.Quiet = true;
@@ -78,5 +95,5 @@ int main(int argc, char* argv[]) {
   window.Dispatch([&] { nAbout_Click(model); });
   QApplication::processEvents();
   if (auto* about = window.About_Window()) Save(about, out + "/about.png");
-  return 0;
+  return same ? 0 : 1;
 }

@@ -7,13 +7,13 @@
 #include <utility>
 
 #include "fields/field_map.h"
+#include "form/record_tests.h"
+#include "form/vorlane.h"
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
 #include "store/hex.h"
 #include "store/image.h"
 #include "system/text.h"
-#include "form/record_tests.h"
-#include "form/vorlane.h"
 #include "vocab/vocab.h"
 
 namespace {

@@ -76,14 +76,14 @@ struct Control {
   bool Default = false;                          // Enter presses it
   bool Visible = true;
   bool Enabled = true;
-  bool Locked = false;  // a text box only the program writes
+  bool Locked = false;                      // a text box only the program writes
   std::string_view Accessible_Name;         // empty: what the control shows is its name
   std::string_view Accessible_Description;  // what assistive technology says of it besides
   int Z_Order = 0;                          // siblings with a lower number lie below; table order within one
   std::string_view Shortcut;                // a menu item's keys, "Ctrl+O", "F1"
   int Min = 0, Max = 0, Small_Change = 0, Large_Change = 0;  // a slider
   unsigned Styles = 0;                                       // a window row: window_style
-  Rect Ellipse;  // a window row: where it is cut to an ellipse, from its top left corner; empty for none
+  Rect Ellipse;            // a window row: where it is cut to an ellipse, from its top left corner; empty for none
   std::string_view Focus;  // a window row: the control that has the focus at start (the window itself: its name)
 };
 

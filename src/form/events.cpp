@@ -32,4 +32,6 @@ void Slider_Set_Value(Vorlane& vForm, int value) {
                   Event::Change);
 }
 
-void Check_Set_Value(Vorlane& vForm, int value) { Write_And_Raise(vForm, vForm.Check.Value, value, "Check", Event::Click); }
+void Check_Set_Value(Vorlane& vForm, int value) {
+  Write_And_Raise(vForm, vForm.Check.Value, value, "Check", Event::Click);
+}

@@ -17,7 +17,8 @@
 // Binds the models of a window to its rows in the control table, the window itself first, and
 // gives each the state the table says it has at start: caption, back colour, enabled, range.
 // `named` lists every control of the window object by its name.
-void Bind_Controls(Form_Window& form, std::string_view window, const std::vector<std::pair<std::string_view, Model>>& named);
+void Bind_Controls(Form_Window& form, std::string_view window,
+                   const std::vector<std::pair<std::string_view, Model>>& named);
 
 // Gives the focus to the control that the window's row names: the one that has it at opening.
 void Focus_At_Start(Form_Window& form);
@@ -30,11 +31,11 @@ struct Shown {
   std::int32_t Text_Colour = 0;
   std::string Tip;
   bool Enabled = true;
-  int Value = 0;        // a slider's, a check box's, an option button's
-  unsigned Items = 0;   // a list's revision
-  int Index = -1;       // a list's selected row
+  int Value = 0;       // a slider's, a check box's, an option button's
+  unsigned Items = 0;  // a list's revision
+  int Index = -1;      // a list's selected row
   int Sel_Start = 0, Sel_Length = 0;
-  unsigned Focus = 0;   // a window's focus serial
+  unsigned Focus = 0;  // a window's focus serial
 };
 
 // Bits of what changed since the last render.

@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "system/files.h"
 #include "form/controls.h"
 #include "form/platform.h"
+#include "system/files.h"
 
 struct Edit_Form;
 struct About_Form;

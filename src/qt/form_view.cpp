@@ -61,7 +61,8 @@ Form_View::Form_View(Input_Sink& sink, Form_Window& form, QWidget* top, QWidget*
   std::vector<std::size_t> tabs;
   for (std::size_t i = 1; i < rows.size(); ++i)
     if (rows[i].Tab_Index >= 0 && widgets_[i] && widgets_[i]->isWidgetType()) tabs.push_back(i);
-  std::sort(tabs.begin(), tabs.end(), [&](std::size_t a, std::size_t b) { return rows[a].Tab_Index < rows[b].Tab_Index; });
+  std::sort(tabs.begin(), tabs.end(),
+            [&](std::size_t a, std::size_t b) { return rows[a].Tab_Index < rows[b].Tab_Index; });
   for (std::size_t t = 1; t < tabs.size(); ++t)
     QWidget::setTabOrder(static_cast<QWidget*>(widgets_[tabs[t - 1]]), static_cast<QWidget*>(widgets_[tabs[t]]));
 

@@ -5,10 +5,10 @@
 #include <cstdio>
 #include <cstring>
 
-#include "qt/main_view.h"
-#include "store/file_commands.h"
-#include "qt/qt_platform.h"
 #include "form/vorlane.h"
+#include "qt/main_view.h"
+#include "qt/qt_platform.h"
+#include "store/file_commands.h"
 
 int main(int argc, char* argv[]) {
   const char* const usage = "usage: vorlane [FILE]\n";

@@ -160,7 +160,7 @@ bool Has_Route(const Control& row, Event on) { return Find_Route(row.Window, row
 // its row gives it that colour, since a palette set anew shades a box's frame differently.
 std::int32_t Natural_Back(Control_Kind kind) {
   return kind == Control_Kind::Text_Box || kind == Control_Kind::List_Box ? colour::Window_Background
-                                                                           : colour::Button_Face;
+                                                                          : colour::Button_Face;
 }
 
 // Gives a widget a back colour and the text colour that reads on it.

@@ -3,12 +3,12 @@
 #include <cstdint>
 #include <string>
 
-#include "speech/speech_pane.h"
-#include "speech/edt_reader.h"
 #include "form/events.h"
+#include "form/vorlane.h"
+#include "speech/edt_reader.h"
+#include "speech/speech_pane.h"
 #include "system/failure.h"
 #include "system/text.h"
-#include "form/vorlane.h"
 
 namespace {
 

@@ -3,18 +3,19 @@
 #include <exception>
 #include <string>
 
+#include "form/vorlane.h"
 #include "store/error_text.h"
 #include "store/file_commands.h"
 #include "store/image.h"
 #include "store/npc_dialogs.h"
-#include "form/vorlane.h"
 
 namespace {
 
 // The window holds a file from disk (not a new one that was never saved) at this path.
 bool On_Show(Vorlane& vForm, const std::string& path) {
   const std::string& shown = vForm.SBar_2.SimpleText;
-  return !vForm.SBar_3.SimpleText.empty() && !shown.empty() && shown != New_File_Path && vForm.files.Same_File(shown, path);
+  return !vForm.SBar_3.SimpleText.empty() && !shown.empty() && shown != New_File_Path &&
+         vForm.files.Same_File(shown, path);
 }
 
 }  // namespace

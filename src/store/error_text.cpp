@@ -1,7 +1,7 @@
 #include "store/error_text.h"
 
-#include "system/failure.h"
 #include "form/platform.h"
+#include "system/failure.h"
 
 namespace Position {
 

@@ -2,15 +2,15 @@
 
 #include <filesystem>
 
-#include "store/error_text.h"
-#include "system/failure.h"
-#include "store/image.h"
-#include "store/npc_dialogs.h"
-#include "store/number.h"
-#include "system/text.h"
 #include "form/events.h"
 #include "form/record_tests.h"
 #include "form/vorlane.h"
+#include "store/error_text.h"
+#include "store/image.h"
+#include "store/npc_dialogs.h"
+#include "store/number.h"
+#include "system/failure.h"
+#include "system/text.h"
 #include "vocab/vocab.h"
 
 namespace {

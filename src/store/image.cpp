@@ -2,10 +2,10 @@
 
 #include <exception>
 
-#include "store/hex.h"
-#include "store/error_text.h"
-#include "system/failure.h"
 #include "form/vorlane.h"
+#include "store/error_text.h"
+#include "store/hex.h"
+#include "system/failure.h"
 
 namespace {
 

@@ -3,10 +3,9 @@
 #include <exception>
 #include <string>
 
+#include "form/vorlane.h"
 #include "store/error_text.h"
 #include "store/image.h"
-#include "form/vorlane.h"
-
 
 std::string Type_Report::Text() const {
   return "Type: " + Type + " Records exist: " + std::to_string(Records_Exist) + " " + Remark;

@@ -2,9 +2,9 @@
 
 #include "fields/byte_help.h"
 #include "fields/field_map.h"
-#include "ui/edit.h"
 #include "form/record_tests.h"
 #include "form/vorlane.h"
+#include "ui/edit.h"
 
 namespace {
 

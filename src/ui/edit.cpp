@@ -8,18 +8,17 @@
 
 #include "fields/byte_help.h"
 #include "fields/field_map.h"
-#include "store/hex.h"
+#include "form/control_table.h"
+#include "form/record_tests.h"
+#include "form/registry.h"
+#include "form/vorlane.h"
 #include "store/error_text.h"
+#include "store/hex.h"
 #include "store/image.h"
 #include "store/number.h"
 #include "system/text.h"
-#include "form/control_table.h"
-#include "form/registry.h"
-#include "form/record_tests.h"
-#include "form/vorlane.h"
 
 namespace {
-
 
 // A double has no room for a whole part of more digits than this.
 constexpr std::size_t Max_Whole_Digits = 308;
@@ -107,7 +106,6 @@ void Encode_Txt_1(Edit_Form& vForm, std::string (*encode)(double), bool beep_ove
 void Warn(Edit_Form& vForm, const char* text) { vForm.Main.platform.MsgBox(text, msgbox::Warning, Warning_Title); }
 
 }  // namespace
-
 
 void Dbl_Click_All_L(Vorlane& vForm) {
   Move_L(vForm);

@@ -4,8 +4,6 @@
 
 #include "form/edit_form.h"
 
-
-
 // The way in: a double click on any byte cell, and the menu item nEdit. Through the gate only.
 void Dbl_Click_All_L(Vorlane& vForm);
 void nEdit_Click(Vorlane& vForm);

@@ -4,15 +4,15 @@
 #include <variant>
 #include <vector>
 
+#include "form/control_table.h"
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
-#include "store/file_commands.h"
 #include "store/conversion.h"
+#include "store/file_commands.h"
 #include "store/type_report.h"
 #include "ui/about.h"
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
-#include "form/control_table.h"
 #include "ui/navigation.h"
 #include "ui/reference_lists.h"
 #include "ui/shell.h"
@@ -91,9 +91,9 @@ std::vector<Route> Make_Routes() {
       {About, "Img1", Event::Click, Img1_Clicked},
   };
   // Movement over these only clears the hint line; Line1 and Line2 count as the bare window.
-  for (const std::string_view control : std::initializer_list<std::string_view>{
-           Main, "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte", "L_NLine", "Check", "Com1", "Com2",
-           "SBar_1", "SBar_2"})
+  for (const std::string_view control :
+       std::initializer_list<std::string_view>{Main, "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte",
+                                               "L_NLine", "Check", "Com1", "Com2", "SBar_1", "SBar_2"})
     routes.push_back({Main, control, Event::Mouse_Move, In_Main<Clear_Hint>});
   for (int n = 1; n <= 32; ++n) {
     const std::string_view cell = controls::Cell(n).Name;
@@ -186,7 +186,7 @@ void Double_Click(Vorlane& vForm, std::string_view window, std::string_view cont
 }
 
 bool Key_Down(Vorlane& vForm, std::string_view window, std::string_view control, int character) {
-  constexpr int Escape = 27, Delete = 127;
+  constexpr int Tab = 9, Escape = 27, Delete = 127;
   if (!Takes_Input(vForm, window)) return true;
   if (character == Escape) {
     if (const Control* cancel = controls::Cancel_Button(window)) {
@@ -194,7 +194,7 @@ bool Key_Down(Vorlane& vForm, std::string_view window, std::string_view control,
       return false;
     }
   }
-  if (character <= 0 || character == Delete) return true;
+  if (character <= 0 || character == Delete || character == Tab) return true;
   Event_Args args{.Key = character};
   Raise(vForm, window, control, Event::Key_Press, args);
   return args.Key != 0;

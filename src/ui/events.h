@@ -35,7 +35,8 @@ void Mouse_Up(Vorlane& vForm, std::string_view window, std::string_view control,
 void Double_Click(Vorlane& vForm, std::string_view window, std::string_view control);
 // A key went down in a control (the window's name when the window itself has the focus), giving
 // this character, 0 for none. Esc presses the window's cancel button where it has one; otherwise
-// only a key that gives a character raises a key press (Delete gives none). Returns whether the
+// only a key that gives a character raises a key press (Delete gives none, and Tab moves the
+// focus instead). Returns whether the
 // key goes on to the control: false when it was swallowed.
 bool Key_Down(Vorlane& vForm, std::string_view window, std::string_view control, int character);
 // A key came up, by the system's key code (107 the keypad's +, 109 its -): a window that previews

@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "store/image.h"
-#include "ui/byte_grid.h"
 #include "form/events.h"
 #include "form/record_tests.h"
 #include "form/vorlane.h"
+#include "store/image.h"
+#include "ui/byte_grid.h"
 
 void Slider_Change(Vorlane& vForm) {
   const int value = vForm.Slider.Value;

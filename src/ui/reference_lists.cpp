@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "form/vorlane.h"
 #include "store/hex.h"
 #include "system/text.h"
 #include "ui/shell.h"
-#include "form/vorlane.h"
 #include "vocab/vocab.h"
 
 namespace {

@@ -1,10 +1,10 @@
 #include "ui/shell.h"
 
-#include "store/file_commands.h"
-#include "system/text.h"
 #include "form/control_table.h"
 #include "form/registry.h"
 #include "form/vorlane.h"
+#include "store/file_commands.h"
+#include "system/text.h"
 
 void Form_Load(Vorlane& vForm) {
   Position::Place_Controls(vForm, vForm.platform.Screen());

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "support/memory_files.h"
 #include "form/recording_platform.h"
+#include "support/memory_files.h"
 
 // An invariant that does not hold: libFuzzer keeps the input that led here.
 [[noreturn]] inline void Broken(const std::string& what) {

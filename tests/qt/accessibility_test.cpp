@@ -72,7 +72,7 @@ class Accessibility_Test : public QObject {
              QString::fromStdString(model_->L_Info_User.Caption));
 
     QCOMPARE(A11y(W("List"))->role(), QAccessible::List);
-    window_->view.Raise("Vorlane", "nNPC_Names", Event::Click);
+    window_->view.Raise(window::Main, "nNPC_Names", Event::Click);
     A11y(W("List"))->tableInterface()->selectRow(2);
     QCOMPARE(model_->List.ListIndex, 2);
     Move_Over(W("List"));
@@ -90,7 +90,7 @@ class Accessibility_Test : public QObject {
   }
 
   void the_byte_cells_open_the_editor_and_its_controls_work() {
-    window_->view.Raise("Vorlane", "nNext", Event::Click);
+    window_->view.Raise(window::Main, "nNext", Event::Click);
     Act(W("L_9"), "Edit");
     QWidget* edit = window_->view.Edit_Window();
     QVERIFY(edit);
@@ -118,10 +118,10 @@ class Accessibility_Test : public QObject {
   }
 
   void the_main_window_and_about_expose_their_texts() {
-    window_->view.Raise("Vorlane", "nNext", Event::Click);
+    window_->view.Raise(window::Main, "nNext", Event::Click);
     Move_Over(Named(&window_->view, "L_14"));
     Expect_Texts_Exposed(&window_->view);
-    window_->view.Raise("Vorlane", "nAbout", Event::Click);
+    window_->view.Raise(window::Main, "nAbout", Event::Click);
     QWidget* image = Named(window_->view.About_Window(), "Img1");
     QCOMPARE(A11y(image)->role(), QAccessible::Graphic);
     QCOMPARE(A11y(image)->text(QAccessible::Name), QString("Vorlane"));

@@ -104,7 +104,7 @@ class File_Dialog_Test : public QObject {
 
   std::string Path(const std::string& name) { return window_->folder.Path(name); }
   std::string Write(const std::string& name, const Bytes& bytes) { return window_->folder.Write(name, bytes); }
-  void Run(const char* menu_item) { window_->view.Raise("Vorlane", menu_item, Event::Click); }
+  void Run(const char* menu_item) { window_->view.Raise(window::Main, menu_item, Event::Click); }
 
  private slots:
   void init() {

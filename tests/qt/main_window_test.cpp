@@ -1,5 +1,6 @@
 // The windows on real widgets, offscreen: what the user sees, clicks, drags and types.
 #include <QAction>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -7,14 +8,13 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QStyle>
-#include <QDir>
 #include <QStyleOptionSlider>
 
+#include "form/control_table.h"
 #include "qt/qt_support.h"
 #include "qt/widgets.h"
 #include "store/file_commands.h"
 #include "store/image.h"
-#include "form/control_table.h"
 
 using qtview::Px;
 
@@ -34,7 +34,9 @@ class Main_Window_Test : public QObject {
   }
   QLabel* L(const char* name) { return Named<QLabel>(view_, name); }
   QLabel* Cell(int n) { return L(("L_" + std::to_string(n)).c_str()); }
-  static QRect Place(const Control& c) { return {Px(c.Place.Left), Px(c.Place.Top), Px(c.Place.Width), Px(c.Place.Height)}; }
+  static QRect Place(const Control& c) {
+    return {Px(c.Place.Left), Px(c.Place.Top), Px(c.Place.Width), Px(c.Place.Height)};
+  }
   // Every control of a window that is a widget of its own stands at its place.
   static void Expect_Placed(QWidget* window, std::string_view name) {
     for (const Control& c : controls::Of(name))
@@ -69,6 +71,27 @@ class Main_Window_Test : public QObject {
       QCOMPARE(action->shortcut(), QKeySequence(QString::fromUtf8(entry.Shortcut.data(), entry.Shortcut.size())));
     }
     QCOMPARE(L("SBar_1")->text(), QString("1600 bytes"));
+  }
+
+  // Tab moves the focus through the controls that take it, in the order of their tab indexes.
+  void tab_goes_round_the_controls_in_their_order() {
+    const auto round = [](QWidget* at, int steps) {
+      QStringList names{at->objectName()};
+      for (int i = 0; i < steps; ++i) {
+        Type(at, Qt::Key_Tab);
+        at = at->window()->focusWidget();
+        names << at->objectName();
+      }
+      return names.join(' ');
+    };
+    QCOMPARE(round(Named(view_, "Slider"), 3), QString("Slider List ComExit Slider"));  // the rest are off
+    Open_At(3);
+    model_->Com1.Enabled = model_->Com2.Enabled = true;
+    view_->Dispatch([] {});
+    QCOMPARE(round(Named(view_, "Slider"), 6), QString("Slider List Check Com1 Com2 ComExit Slider"));
+    view_->Raise(window::Main, "nEdit", Event::Click);
+    QCOMPARE(round(Named(view_->Edit_Window(), "Txt_1"), 8),
+             QString("Txt_1 List ComOK ComCl Txt_4 O_1 O_2 ComApply Txt_1"));
   }
 
   // The keypad's + and - reach the window whatever has the focus; the main keyboard's don't.
@@ -139,10 +162,10 @@ class Main_Window_Test : public QObject {
     QVERIFY(!model_->Edit && view_->isEnabled());
     QCOMPARE(Cell(3)->text() + Cell(4)->text(), QString("2C01"));
     // Esc in the editor is Cancel; its title bar's close gives the main window back too.
-    view_->Raise("Vorlane", "nEdit", Event::Click);
+    view_->Raise(window::Main, "nEdit", Event::Click);
     Type(Named(view_->Edit_Window(), "Txt_1"), Qt::Key_Escape);
     QVERIFY(!model_->Edit);
-    view_->Raise("Vorlane", "nEdit", Event::Click);
+    view_->Raise(window::Main, "nEdit", Event::Click);
     view_->Edit_Window()->close();
     QVERIFY(!model_->Edit && view_->isEnabled());
   }

@@ -32,12 +32,12 @@ class Placement_Test : public QObject {
   void every_window_stands_a_third_of_the_free_height_down() {
     Qt_Window window;
     Expect_Placed(&window.view);
-    window.view.Raise("Vorlane", "nNew", Event::Click);
-    window.view.Raise("Vorlane", "nNext", Event::Click);
-    window.view.Raise("Vorlane", "nEdit", Event::Click);
+    window.view.Raise(window::Main, "nNew", Event::Click);
+    window.view.Raise(window::Main, "nNext", Event::Click);
+    window.view.Raise(window::Main, "nEdit", Event::Click);
     Expect_Placed(window.view.Edit_Window());
-    window.view.Raise("Edit", "ComCl", Event::Click);
-    window.view.Raise("Vorlane", "nAbout", Event::Click);
+    window.view.Raise(window::Edit, "ComCl", Event::Click);
+    window.view.Raise(window::Main, "nAbout", Event::Click);
     Expect_Placed(window.view.About_Window(), false);
   }
 };

@@ -9,12 +9,12 @@
 
 #include <string>
 
-#include "support/files.h"
-#include "form/recording_platform.h"
 #include "form/about_form.h"
 #include "form/edit_form.h"
+#include "form/recording_platform.h"
 #include "qt/main_view.h"
 #include "qt/qt_platform.h"
+#include "support/files.h"
 
 struct Qt_Window {
   Temp_Folder folder;
@@ -30,7 +30,7 @@ struct Qt_Window {
   // Opens these bytes, written under the name, through File > Open.
   void Open(const std::string& name, const Bytes& bytes) {
     platform.Picks.push_back(Dialog_Pick{folder.Write(name, bytes)});
-    view.Raise("Vorlane", "nOpen", Event::Click);
+    view.Raise(window::Main, "nOpen", Event::Click);
   }
 };
 

@@ -38,7 +38,7 @@ class Speech_Pane : public Window_Test {
     return path;
   }
   void Untick() { Set_Check(0); }
-  void Step(bool forward) { Raise(window, "Vorlane", forward ? "Com2" : "Com1", Event::Click); }
+  void Step(bool forward) { Raise(window, window::Main, forward ? "Com2" : "Com1", Event::Click); }
   // The message number and the text on show.
   Pair Shown() const { return {window.L_Message.Caption, window.L_Edt.Caption}; }
   // Explains byte 14 of a record with this pair there (and 02 in byte 1), or of an empty record.

@@ -8,15 +8,15 @@
 #include <sstream>
 #include <string>
 
-#include "store/hex.h"
-#include "store/error_text.h"
-#include "system/failure.h"
-#include "store/file_commands.h"
-#include "store/number.h"
-#include "system/text.h"
-#include "support/data.h"
 #include "form/recording_platform.h"
 #include "form/vorlane.h"
+#include "store/error_text.h"
+#include "store/file_commands.h"
+#include "store/hex.h"
+#include "store/number.h"
+#include "support/data.h"
+#include "system/failure.h"
+#include "system/text.h"
 
 namespace {
 

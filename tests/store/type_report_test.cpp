@@ -1,6 +1,6 @@
 // The type report of the file on show, and the conversion of a file on disk between the variants.
-#include "store/conversion.h"
 #include "store/type_report.h"
+#include "store/conversion.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "system/failure.h"
 #include "store/file_commands.h"
+#include "system/failure.h"
 #include "ui/shell.h"
 
 std::string Cells_Text(const Vorlane& vForm) {

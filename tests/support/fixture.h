@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "support/files.h"
 #include "form/recording_platform.h"
 #include "form/vorlane.h"
+#include "support/files.h"
 
 // The 32 captions of the byte cells joined, "" for an empty cell.
 std::string Cells_Text(const Vorlane& vForm);

@@ -29,7 +29,7 @@ class Byte_Grid : public Window_Test {
     const int n = std::stoi(step[1]);
     if (step[0] == "record") Event([&] { Slider_Set_Value(window, n); });
     if (step[0] != "record")
-      Raise(window, "Vorlane", "L_" + step[1], step[0] == "hover" ? Event::Mouse_Move : Event::Click);
+      Raise(window, window::Main, "L_" + step[1], step[0] == "hover" ? Event::Mouse_Move : Event::Click);
     EXPECT_EQ(Colours(window), step[2]);
     // A field is selected exactly while its cells are pale yellow.
     EXPECT_EQ(window.Selected_Field, step[2].find('s') == std::string::npos ? "" : "1");

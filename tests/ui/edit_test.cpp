@@ -25,10 +25,10 @@ class Edit_Test : public Window_Test {
     Event([&] { Slider_Set_Value(window, k); });
   }
   bool Open_Edit(bool menu = false) {
-    return Raise(window, "Vorlane", menu ? "nEdit" : "L_5", menu ? Event::Click : Event::Dbl_Click) && window.Edit;
+    return Raise(window, window::Main, menu ? "nEdit" : "L_5", menu ? Event::Click : Event::Dbl_Click) && window.Edit;
   }
   Edit_Form& Form() { return *window.Edit; }
-  void Click(const char* control) { Raise(window, "Edit", control, Event::Click); }
+  void Click(const char* control) { Raise(window, window::Edit, control, Event::Click); }
   void Select(const std::string& item) {
     Form().List.ListIndex = static_cast<int>(std::ranges::find(Form().List.Items, item) - Form().List.Items.begin());
     Click("List");
@@ -47,7 +47,7 @@ class Edit_Test : public Window_Test {
   // Closed by this event: the main window takes input again and the slider gets the focus anew.
   void Close_By(const char* control, ::Event event = ::Event::Click) {
     const unsigned serial = window.Focus_Serial;
-    Raise(window, "Edit", control, event);
+    Raise(window, window::Edit, control, event);
     EXPECT_EQ(std::tuple(window.Edit == nullptr, window.Enabled, window.Focus, window.Focus_Serial > serial),
               std::tuple(true, true, "Slider", true));
   }
@@ -92,11 +92,11 @@ TEST_F(Edit_Test, KeysAndEncodings) {
   Open_Edit();
   for (int code = 0; code <= 255; ++code) {
     Event_Args key{code};
-    Raise(window, "Edit", "Txt_1", Event::Key_Press, key);
+    Raise(window, window::Edit, "Txt_1", Event::Key_Press, key);
     EXPECT_EQ(key.Key, (code >= '0' && code <= '9') || code == 8 ? code : 0) << code;
   }
   Form().Txt_1 = {"٣٣", 3, 0};  // two characters in four bytes
-  Raise(window, "Edit", "Txt_1", Event::Got_Focus);
+  Raise(window, window::Edit, "Txt_1", Event::Got_Focus);
   EXPECT_EQ(std::tuple(Form().Txt_1.SelStart, Form().Txt_1.SelLength), std::tuple(0, 2));
   for (const Data_Row& row : Read_Data("encodings.txt")) {
     for (const bool word : {false, true}) {
@@ -152,7 +152,7 @@ TEST_F(Edit_Test, OverwriteApplyAndSave) {
   EXPECT_EQ(std::tuple(Cells_Text(window), window.Record(12), window.HexImage != window.Saved_Image),
             std::tuple(changed, changed, true));
   // Saved, record 12 on disk holds those bytes, and the rest of the file is as it was.
-  Raise(window, "Vorlane", "nSave", Event::Click);
+  Raise(window, window::Main, "nSave", Event::Click);
   Bytes expected = Standard_File();
   for (std::size_t n = 0; n < 32; ++n)
     expected[32 * 11 + n] = static_cast<std::uint8_t>(std::stoi(changed.substr(2 * n, 2), nullptr, 16));

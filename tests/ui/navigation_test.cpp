@@ -13,7 +13,7 @@ class Navigation : public Window_Test {
   }
   void Key(int code) {  // released anywhere in the window
     Event_Args args{code};
-    Raise(window, "Vorlane", "Vorlane", Event::Key_Up, args);
+    Raise(window, window::Main, window::Main, Event::Key_Up, args);
   }
 };
 
@@ -27,15 +27,15 @@ TEST_F(Navigation, MenuAndKeypadStepAndBeepAtBothEnds) {
         {"nBack", 0, 0, 1},   {nullptr, 109, 0, 2}, {nullptr, 107, 1, 2}, {"nNext", 0, 2, 2},
         {nullptr, 187, 2, 2}, {nullptr, 189, 2, 2}, {nullptr, 13, 2, 2},  {"nBack", 0, 1, 2}};
     for (const auto& [menu, key, value, beeps] : steps) {
-      menu ? (void)Raise(window, "Vorlane", menu, Event::Click) : Key(key);
+      menu ? (void)Raise(window, window::Main, menu, Event::Click) : Key(key);
       EXPECT_EQ(std::tuple(window.L_NLine.Caption, platform.Beeps),
                 std::tuple("Record #" + std::to_string(value), beeps))
           << (menu ? menu : std::to_string(key));
     }
     Go(50);
-    Raise(window, "Vorlane", "nNext", Event::Click);
+    Raise(window, window::Main, "nNext", Event::Click);
     Key(107);
-    Raise(window, "Vorlane", "Slider", Event::Mouse_Move);
+    Raise(window, window::Main, "Slider", Event::Mouse_Move);
     EXPECT_EQ(std::tuple(window.Slider.Value, platform.Beeps, Cells_Text(window).size(), window.nEdit.Enabled,
                          window.L_Info_Line.Caption),
               std::tuple(50, 4, file ? 64u : 0u, file, file ? "Choose record (50 lines X 32 bytes)" : ""));
@@ -68,7 +68,7 @@ TEST_F(Navigation, TheStumpOfABukaFileIsNoRecordButAnEmptyRecordIs) {
   Go(2);
   EXPECT_EQ(std::tuple(window.L_Info_User.Caption, window.nEdit.Enabled), std::tuple("", true));
   Go(49);
-  Raise(window, "Vorlane", "L_3", Event::Click);
+  Raise(window, window::Main, "L_3", Event::Click);
   Go(50);
   EXPECT_EQ(Cells_Text(window), "32333435363738393A3B3C3D3E3F404142434445464748494A4B4C4D");
   EXPECT_EQ(std::tuple(window.L_Info_User.Caption, window.L_NByte.Caption, window.nEdit.Enabled, window.Selected_Field,

@@ -13,7 +13,7 @@ TEST_F(Reference_List, TheLongListsShowTheHourglass) {
   for (const char* item : {"nKey_1", "nKey_2", "nNPC_Names", "nQests", "nQuests", "nItem", "nTrigers"}) {
     platform.Pointers.clear();
     window.List.ListIndex = 3;
-    Raise(window, "Vorlane", item, Event::Click);
+    Raise(window, window::Main, item, Event::Click);
     const bool hourglass = item == std::string("nItem") || item == std::string("nTrigers");
     EXPECT_EQ(std::tuple(platform.Pointers, window.List.ListIndex),
               std::tuple(hourglass ? std::vector{11, 0} : std::vector<int>{}, -1))
@@ -24,18 +24,18 @@ TEST_F(Reference_List, TheLongListsShowTheHourglass) {
 // The selected line becomes the tool tip on focus and under the mouse; a second list replaces
 // the lines and the selection, so the tool tip is empty until a line is chosen.
 TEST_F(Reference_List, TheSelectedLineIsTheToolTip) {
-  Raise(window, "Vorlane", "nItem", Event::Click);
+  Raise(window, window::Main, "nItem", Event::Click);
   window.List.ListIndex = 256;
   window.L_Info_Line.Caption = "hint";
-  Raise(window, "Vorlane", "List", Event::Got_Focus);
+  Raise(window, window::Main, "List", Event::Got_Focus);
   EXPECT_EQ(std::tuple(window.List.ToolTipText, window.L_Info_Line.Caption),
             std::tuple("№_256 (00 01)   Пиво", "hint"));
   window.List.ListIndex = 0;
-  Raise(window, "Vorlane", "List", Event::Mouse_Move);
+  Raise(window, window::Main, "List", Event::Mouse_Move);
   EXPECT_EQ(std::tuple(window.List.ToolTipText, window.L_Info_Line.Caption),
             std::tuple("№_0 (00 00)   Игнорируется", ""));
-  Raise(window, "Vorlane", "nKey_2", Event::Click);
-  Raise(window, "Vorlane", "List", Event::Mouse_Move);
+  Raise(window, window::Main, "nKey_2", Event::Click);
+  Raise(window, window::Main, "List", Event::Mouse_Move);
   EXPECT_EQ(std::tuple(window.List.Items.size(), window.List.ToolTipText), std::tuple(8u, ""));
 }
 

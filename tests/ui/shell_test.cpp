@@ -2,8 +2,8 @@
 // does to the hint line and the tool tips.
 #include "ui/shell.h"
 
-#include "support/fixture.h"
 #include "form/control_table.h"
+#include "support/fixture.h"
 
 namespace {
 
@@ -23,10 +23,11 @@ TEST_F(Shell, StartsPlacedWithTheSpeechPaneOff) {
 }
 
 TEST_F(Shell, MovingOverAnythingButACellOrTheSliderClearsTheHint) {
-  for (const char* control : {"Vorlane", "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte", "L_NLine",
-                              "Check", "Com1", "Com2", "SBar_1", "SBar_2", "L_Info_User", "SBar_3", "List"}) {
+  for (const std::string_view control : std::initializer_list<std::string_view>{
+           window::Main, "L_Edt", "Help", "L_Fix", "L_Fix_1", "L_Message", "L_NByte", "L_NLine", "Check", "Com1",
+           "Com2", "SBar_1", "SBar_2", "L_Info_User", "SBar_3", "List"}) {
     window.L_Info_Line.Caption = "Click-select / Dbl. Click-edit";
-    Raise(window, "Vorlane", control, Event::Mouse_Move);
+    Raise(window, window::Main, control, Event::Mouse_Move);
     EXPECT_EQ(window.L_Info_Line.Caption, "") << control;
   }
 }
@@ -39,8 +40,8 @@ TEST_F(Shell, ToolTipsOfTheExplanationAndTheFileName) {
         {sentence, name + "c", {sentence, name + "c"}}}) {
     window.L_Info_User = {explanation, window.L_Info_User.BackColor, "old"};
     window.SBar_3 = {file, "old"};
-    Raise(window, "Vorlane", "L_Info_User", Event::Mouse_Move);
-    Raise(window, "Vorlane", "SBar_3", Event::Mouse_Move);
+    Raise(window, window::Main, "L_Info_User", Event::Mouse_Move);
+    Raise(window, window::Main, "SBar_3", Event::Mouse_Move);
     EXPECT_EQ(std::pair(window.L_Info_User.ToolTipText, window.SBar_3.ToolTipText), tips);
   }
 }

@@ -10,10 +10,10 @@
 #include "fields/byte_help.h"
 #include "fields/explain.h"
 #include "fields/field_map.h"
+#include "form/control_table.h"
 #include "support/data.h"
 #include "support/fixture.h"
 #include "ui/events.h"
-#include "form/control_table.h"
 #include "vocab/vocab.h"
 
 namespace {
@@ -115,7 +115,7 @@ class Tables_Window : public Window_Test {};
 TEST_F(Tables_Window, ReferenceListsLineByLine) {
   std::vector<Data_Row> code;
   for (const char* item : {"nKey_1", "nKey_2", "nNPC_Names", "nQests", "nQuests", "nItem", "nTrigers"}) {
-    ASSERT_TRUE(Raise(window, "Vorlane", item, Event::Click)) << item;
+    ASSERT_TRUE(Raise(window, window::Main, item, Event::Click)) << item;
     for (const std::string& line : window.List.Items) code.push_back(Row(item, line));
   }
   Expect_Rows("lists.txt", code, 1);
@@ -129,28 +129,6 @@ TEST_F(Tables_Window, MenusAfterStartUp) {
     code.push_back(Row(entry.Name, entry.Parent, item.Caption, entry.Shortcut, item.Enabled ? 1 : 0));
   }
   Expect_Rows("menus.txt", code);
-}
-
-TEST(Tables, Layout) {
-  std::vector<Data_Row> code;
-  for (const std::string_view window : {window::Main, window::Edit, window::About})
-    for (const Control& c : controls::Of(window)) {
-      if (c.Kind == Control_Kind::Menu_Item || c.Kind == Control_Kind::Line) continue;
-      const std::string name = c.Kind == Control_Kind::Window ? "(client)" : std::string(c.Name);
-      code.push_back(Row(std::string(window), name, c.Place.Left, c.Place.Top, c.Place.Width, c.Place.Height));
-    }
-  Expect_Rows("layout.txt", code, 2);
-}
-
-TEST(Tables, EveryEventHandlerAndNoOther) {
-#define EVENT(name) \
-  { Event::name, #name }
-  const std::map<Event, std::string_view> names{EVENT(Load),      EVENT(Unload),     EVENT(Click),
-                                                EVENT(Dbl_Click), EVENT(Mouse_Move), EVENT(Change),
-                                                EVENT(Got_Focus), EVENT(Key_Press),  EVENT(Key_Up)};
-  std::vector<Data_Row> code;
-  for (const Route& route : Routes()) code.push_back(Row(route.Window, route.Control, names.at(route.On)));
-  Expect_Rows("events.txt", code, 3);
 }
 
 }  // namespace
