@@ -79,7 +79,7 @@ constexpr int Other_Record = 6;
 
 struct Logic_Window {
   Recording_Platform platform;
-  Vorlane window{platform};
+  Vorlane window{Routes(), platform};
 
   Logic_Window() {
     platform.Quiet = true;
@@ -126,7 +126,7 @@ void Repaint_Now() {
 struct Qt_Window {
   qtview::Qt_Platform system;
   Recording_Platform platform{&system};
-  Vorlane model{platform};
+  Vorlane model{Routes(), platform};
   qtview::Main_View view{model, system};
   Paint_Counter paints;
 
@@ -411,7 +411,7 @@ void Register_Start_Up() {
   Add("start-up: create + show to first paint/qt", 20 * Milliseconds, [](benchmark::State& state) {
     for (auto _ : state) {
       auto platform = std::make_unique<qtview::Qt_Platform>();
-      auto model = std::make_unique<Vorlane>(*platform);
+      auto model = std::make_unique<Vorlane>(Routes(), *platform);
       auto view = std::make_unique<qtview::Main_View>(*model, *platform);
       First_Paint first;
       view->installEventFilter(&first);

@@ -23,6 +23,7 @@
 #include "ui/byte_grid.h"
 #include "ui/edit.h"
 #include "ui/navigation.h"
+#include "ui/events.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ int main(int argc, char* argv[]) {
   qtview::Qt_Platform system;
   Recording_Platform platform(&system);
   platform.Quiet = true;
-  Vorlane model(platform);
+  Vorlane model(Routes(), platform);
   qtview::Main_View window(model, system);
   window.Start();
   window.show();

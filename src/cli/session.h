@@ -53,7 +53,7 @@ class Session {
   Session& operator=(const Session&) = delete;
 
   Recording_Platform platform;  // quiet: questions and dialogs are cancelled
-  Vorlane window{platform};
+  Vorlane window{Routes(), platform};
   std::string file;
   bool failed = false;  // an error line was written
 

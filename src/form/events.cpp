@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-const Route* Find_Route(std::string_view window, std::string_view control, Event on) {
-  for (const Route& route : Routes())
+const Route* Find_Route(std::span<const Route> table, std::string_view window, std::string_view control, Event on) {
+  for (const Route& route : table)
     if (route.On == on && route.Control == control && route.Window == window) return &route;
   return nullptr;
 }
 
 bool Run_Event(Vorlane& vForm, std::string_view window, std::string_view control, Event on, Event_Args& args) {
-  const Route* route = Find_Route(window, control, on);
+  const Route* route = Find_Route(vForm.Events, window, control, on);
   if (!route || (window == window::Edit && !vForm.Edit) || (window == window::About && !vForm.About)) return false;
   args.Index = route->Index;
   route->Run(vForm, args);

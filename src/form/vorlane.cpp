@@ -4,7 +4,8 @@
 #include "form/edit_form.h"
 #include "form/registry.h"
 
-Vorlane::Vorlane(Platform& platform_, Files& files_) : platform(platform_), files(files_) {
+Vorlane::Vorlane(std::span<const Route> events, Platform& platform_, Files& files_)
+    : Events(events), platform(platform_), files(files_) {
   std::vector<std::pair<std::string_view, Model>> named{
       {window::Main, static_cast<Form_Window*>(this)},
       {"Slider", &Slider},

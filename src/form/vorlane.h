@@ -4,11 +4,13 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "form/controls.h"
 #include "form/platform.h"
+#include "form/route.h"
 #include "system/files.h"
 
 struct Edit_Form;
@@ -25,11 +27,14 @@ enum class Finding { None, Wrong_Value, Unnamed_Code };
 enum Speech_Kind : std::int16_t { No_Speech = 0, Npc_Dialogues = 1, Civilian_Dialogues = 3, Npc_Comments = 4 };
 
 struct Vorlane : Form_Window {
-  Vorlane(Platform& platform, Files& files = Disk());
+  // The window, its controls and its variables, as they are at start. `events` is the routing
+  // table of all three windows: which handler answers which event of which control.
+  Vorlane(std::span<const Route> events, Platform& platform, Files& files = Disk());
   ~Vorlane();
   Vorlane(const Vorlane&) = delete;
   Vorlane& operator=(const Vorlane&) = delete;
 
+  std::span<const Route> Events;
   Platform& platform;
   Files& files;
 

@@ -9,6 +9,7 @@
 #include "qt/main_view.h"
 #include "qt/qt_platform.h"
 #include "store/file_commands.h"
+#include "ui/events.h"
 
 int main(int argc, char* argv[]) {
   const char* const usage = "usage: vorlane [FILE]\n";
@@ -29,7 +30,7 @@ int main(int argc, char* argv[]) {
   // the desktop's icon theme would cost a good part of the start-up.
   QApplication::setWindowIcon(QIcon(":/vorlane.png"));
   qtview::Qt_Platform platform;
-  Vorlane model(platform);
+  Vorlane model(Routes(), platform);
   qtview::Main_View window(model, platform);
   window.Start();
   window.show();

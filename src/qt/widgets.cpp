@@ -25,7 +25,7 @@
 
 #include <cmath>
 
-#include "form/events.h"
+#include "ui/events.h"
 
 namespace qtview {
 
@@ -154,7 +154,7 @@ void Make_Pressable(QWidget* widget, QAccessible::Role role, bool edit) {
   widget->setProperty("edit_action", edit);
 }
 
-bool Has_Route(const Control& row, Event on) { return Find_Route(row.Window, row.Name, on) != nullptr; }
+bool Has_Route(const Control& row, Event on) { return Find_Route(Routes(), row.Window, row.Name, on) != nullptr; }
 
 // The system colour that a widget of this kind paints itself in: it keeps its own palette where
 // its row gives it that colour, since a palette set anew shades a box's frame differently.

@@ -3,10 +3,15 @@
 // below, or into (window, control, event), and renders the window objects afterwards.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "form/events.h"
+
+// The routing table: which handler answers which event of which control of the three windows.
+// The main window is made with it.
+std::span<const Route> Routes();
 
 // Runs the handler that the table gives for the event as an event of the program: a fatal
 // failure shows its message and ends the program. Returns whether there was a handler (an

@@ -17,6 +17,7 @@
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
 #include "form/vorlane.h"
+#include "ui/events.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   files.allowed_from = first - 1;
   files.allowed_to = std::min(last + 2, file_size);
 
-  Vorlane window(platform, files);
+  Vorlane window(Routes(), platform, files);
   window.Error_Title = "ERROR";
   window.Check.Value = 1;
   window.Com1.Enabled = window.Com2.Enabled = true;

@@ -15,12 +15,13 @@
 #include "qt/main_view.h"
 #include "qt/qt_platform.h"
 #include "support/files.h"
+#include "ui/events.h"
 
 struct Qt_Window {
   Temp_Folder folder;
   qtview::Qt_Platform system;
   Recording_Platform platform{&system};
-  Vorlane model{platform};
+  Vorlane model{Routes(), platform};
   qtview::Main_View view{model, system};
 
   Qt_Window() {

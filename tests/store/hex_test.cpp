@@ -17,6 +17,7 @@
 #include "support/data.h"
 #include "system/failure.h"
 #include "system/text.h"
+#include "ui/events.h"
 
 namespace {
 
@@ -58,7 +59,7 @@ const std::map<std::string, Conversion>& Conversions() {
       {"correct_bar",  // the file name in SBar_3 gets the character's name
        [](std::string t) {
          Recording_Platform platform;
-         Vorlane window(platform);
+         Vorlane window(Routes(), platform);
          window.SBar_3.SimpleText = t;
          CorrectBar(window);
          return window.SBar_3.SimpleText;

@@ -6,6 +6,7 @@
 #include "store/file_commands.h"
 #include "system/failure.h"
 #include "ui/shell.h"
+#include "ui/events.h"
 
 std::string Cells_Text(const Vorlane& vForm) {
   std::string joined;
@@ -23,7 +24,7 @@ std::string Dialog_Line(const Shown_Dialog& d) {
          std::to_string(s.FilterIndex) + '|' + s.DialogTitle;
 }
 
-Window_Test::Window_Test(Files& files) : window(platform, files) {
+Window_Test::Window_Test(Files& files) : window(Routes(), platform, files) {
   window.Width = 9000;
   window.Height = 7000;
   Form_Load(window);
