@@ -1,7 +1,6 @@
 # The logic: every behaviour of the editor, without any toolkit header. The one list of its
 # sources, for the editor's build and for the fuzz build; VORLANE_ROOT is the source tree.
 set(VORLANE_LOGIC_SOURCES
-  src/system/files.cpp
   src/system/text.cpp
   src/form/about_form.cpp
   src/form/edit_form.cpp
@@ -37,6 +36,12 @@ set(VORLANE_LOGIC_SOURCES
   src/ui/navigation.cpp
   src/ui/reference_lists.cpp
   src/ui/shell.cpp)
+# The system's own side of the files: POSIX, or the Windows API.
+if(WIN32)
+  list(APPEND VORLANE_LOGIC_SOURCES src/system/files_win.cpp src/system/text_win.cpp)
+else()
+  list(APPEND VORLANE_LOGIC_SOURCES src/system/files.cpp)
+endif()
 list(TRANSFORM VORLANE_LOGIC_SOURCES PREPEND "${VORLANE_ROOT}/")
 
 # The About window's picture is the file data/about.gif, compiled in as bytes.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -351,6 +352,21 @@ bool Has_Submenu(const Control& item) {
 }
 
 }  // namespace controls
+
+Keys Shortcut_Keys(std::string_view shortcut) {
+  Keys keys;
+  if (shortcut.starts_with("Ctrl+")) {
+    keys.Ctrl = true;
+    shortcut.remove_prefix(5);
+  }
+  if (shortcut.size() == 1 && ((shortcut[0] >= 'A' && shortcut[0] <= 'Z') || (shortcut[0] >= '0' && shortcut[0] <= '9'))) {
+    keys.Key = shortcut[0];
+  } else if (shortcut.size() >= 2 && shortcut.size() <= 3 && shortcut[0] == 'F') {
+    const int n = std::atoi(std::string(shortcut.substr(1)).c_str());
+    if (n >= 1 && n <= 24) keys.Key = 111 + n;  // F1 is 112
+  }
+  return keys;
+}
 
 std::int32_t Text_Colour(std::int32_t back, std::int32_t fore) {
   return back == colour::Active_Title_Bar ? colour::Active_Title_Text : fore;

@@ -34,7 +34,7 @@ enum class Align { Left, Right, Center };
 
 // A font. An empty face is the font of the window the control lies in.
 struct Control_Font {
-  std::string_view Face;
+  std::string_view Face{};
   int Size_Hundredths = 0;  // points, in hundredths: 825 is 8.25 points
   int Weight = 400;         // 700 is bold
   int Charset = 0;          // 204 is Cyrillic
@@ -57,17 +57,17 @@ constexpr unsigned Key_Preview = 0x20;     // the window sees key-up events befo
 }  // namespace window_style
 
 struct Control {
-  std::string_view Window;  // window::Main, window::Edit or window::About
-  std::string_view Name;    // the control's name; a window row carries the window's name
+  std::string_view Window{};  // window::Main, window::Edit or window::About
+  std::string_view Name{};    // the control's name; a window row carries the window's name
   Control_Kind Kind = Control_Kind::Label;
   // The frame the rectangle is measured in, or the menu an item belongs to; empty for the window.
-  std::string_view Parent;
-  Rect Place;                // a window row: the size of its client area
-  std::string_view Caption;  // at start: a label's, button's, frame's, window's or menu item's caption
+  std::string_view Parent{};
+  Rect Place{};                // a window row: the size of its client area
+  std::string_view Caption{};  // at start: a label's, button's, frame's, window's or menu item's caption
   Align Alignment = Align::Left;
   bool Border = false;  // a fixed single border round a label
   bool Wrap = false;    // a label's text breaks into lines at its right edge
-  Control_Font Font;
+  Control_Font Font{};
   std::int32_t BackColor = colour::Button_Face;
   std::int32_t ForeColor = colour::Button_Text;  // also the colour of a line
   int Line_Width = 1;                            // pixels
@@ -77,14 +77,14 @@ struct Control {
   bool Visible = true;
   bool Enabled = true;
   bool Locked = false;                      // a text box only the program writes
-  std::string_view Accessible_Name;         // empty: what the control shows is its name
-  std::string_view Accessible_Description;  // what assistive technology says of it besides
+  std::string_view Accessible_Name{};         // empty: what the control shows is its name
+  std::string_view Accessible_Description{};  // what assistive technology says of it besides
   int Z_Order = 0;                          // siblings with a lower number lie below; table order within one
-  std::string_view Shortcut;                // a menu item's keys, "Ctrl+O", "F1"
+  std::string_view Shortcut{};                // a menu item's keys, "Ctrl+O", "F1"
   int Min = 0, Max = 0, Small_Change = 0, Large_Change = 0;  // a slider
   unsigned Styles = 0;                                       // a window row: window_style
-  Rect Ellipse;            // a window row: where it is cut to an ellipse, from its top left corner; empty for none
-  std::string_view Focus;  // a window row: the control that has the focus at start (the window itself: its name)
+  Rect Ellipse{};            // a window row: where it is cut to an ellipse, from its top left corner; empty for none
+  std::string_view Focus{};  // a window row: the control that has the focus at start (the window itself: its name)
 };
 
 namespace controls {
@@ -105,6 +105,14 @@ const Control* Cancel_Button(std::string_view window);
 bool Has_Submenu(const Control& item);
 
 }  // namespace controls
+
+// The keys of a menu item's shortcut as the system codes them: Ctrl or not, and the key ('O',
+// 112 for F1); Key 0 for a text that names no key.
+struct Keys {
+  bool Ctrl = false;
+  int Key = 0;
+};
+Keys Shortcut_Keys(std::string_view shortcut);
 
 // Lengths of the windows are twips: 1440 to an inch, so 15 to a pixel at 96 dots per inch.
 constexpr int To_Pixels(std::int32_t twips, int dots_per_inch) {

@@ -108,8 +108,8 @@ Open_Result Open_File(Vorlane& vForm, const std::string& path) {
 
 void Open_Named(Vorlane& vForm, const std::string& name) {
   std::error_code ec;
-  const std::filesystem::path file = std::filesystem::absolute(name, ec);
-  Open_File(vForm, ec ? name : file.string());
+  const std::filesystem::path file = std::filesystem::absolute(text::Path(name), ec);
+  Open_File(vForm, ec ? name : text::Text(file));
 }
 
 void GreatNewFile(Vorlane& vForm) {

@@ -30,6 +30,13 @@ class Files {
   virtual bool Same_File(const std::string& a, const std::string& b) { return a == b; }
 };
 
+// An open file as the system knows it: a descriptor, or on Windows a handle.
+#ifdef _WIN32
+using Native_File = void*;
+#else
+using Native_File = int;
+#endif
+
 // The real disk. A file is written safely where the folder allows it: the bytes go to a new file
 // beside the target, which then takes the target's place, so that a failure half way leaves the
 // old file as it was. Where no new file may be made in the folder, where the new file can't take
@@ -47,12 +54,17 @@ class Disk_Files : public Files {
  protected:
   // Writes all bytes at the file's position; a test double overrides it to fail half way.
   // Raises No_Room when the disk is full, Run_Time_Error on any other failure.
-  virtual void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size);
+  virtual void Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size);
 
  private:
   // The safe road; false when it can't be taken, with nothing left behind.
+#ifdef _WIN32
+  bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, bool exists);
+  void Write_In_Place(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes);
+#else
   bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, const struct stat* old);
   void Write_In_Place(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, unsigned mode);
+#endif
 };
 
 // The disk or the user's quota is full.

@@ -75,8 +75,21 @@ std::string Upper(std::string_view s) {
 }
 
 std::string File_Title(std::string_view path) {
+#ifdef _WIN32
+  const auto slash = path.find_last_of("/\\:");
+#else
   const auto slash = path.find_last_of('/');
+#endif
   return std::string(slash == std::string_view::npos ? path : path.substr(slash + 1));
+}
+
+std::filesystem::path Path(std::string_view utf8) {
+  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string Text(const std::filesystem::path& path) {
+  const std::u8string utf8 = path.u8string();
+  return std::string(utf8.begin(), utf8.end());
 }
 
 }  // namespace text

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,13 @@ std::string Left(std::string_view s, std::size_t n);
 std::string Right(std::string_view s, std::size_t n);
 // Capitals, for Latin and Cyrillic letters; everything else unchanged.
 std::string Upper(std::string_view s);
-// The bare name of a path: what follows the last folder separator.
+// The bare name of a path: what follows the last folder separator (on Windows also "\\" and the
+// colon of a drive).
 std::string File_Title(std::string_view path);
+
+// A path of the file system from its UTF-8 text, and back: the system's own narrow encoding
+// (a code page on Windows) is never used.
+std::filesystem::path Path(std::string_view utf8);
+std::string Text(const std::filesystem::path& path);
 
 }  // namespace text

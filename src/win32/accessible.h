@@ -1,0 +1,14 @@
+// What assistive technology reads of a control beyond the text it shows: a name for a control
+// that shows none (a slider, a check box without caption, a list), and a description.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+namespace win32 {
+
+void Set_Accessible_Name(HWND control, std::string_view name);
+void Set_Accessible_Description(HWND control, std::string_view description);
+
+}  // namespace win32
