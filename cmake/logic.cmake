@@ -2,6 +2,7 @@
 # sources, for the editor's build and for the fuzz build; VORLANE_ROOT is the source tree.
 set(VORLANE_LOGIC_SOURCES
   src/system/files.cpp
+  src/system/paths.cpp
   src/system/text.cpp
   src/form/about_form.cpp
   src/form/edit_form.cpp
@@ -37,6 +38,16 @@ set(VORLANE_LOGIC_SOURCES
   src/ui/reference_lists.cpp
   src/ui/shell.cpp)
 list(TRANSFORM VORLANE_LOGIC_SOURCES PREPEND "${VORLANE_ROOT}/")
+
+# The commands of vorlane-cli, a library on the logic; its main() is apart.
+set(VORLANE_CLI_SOURCES
+  src/cli/check.cpp
+  src/cli/cli.cpp
+  src/cli/convert.cpp
+  src/cli/explain.cpp
+  src/cli/session.cpp
+  src/cli/speech.cpp)
+list(TRANSFORM VORLANE_CLI_SOURCES PREPEND "${VORLANE_ROOT}/")
 
 # The About window's picture is the file data/about.gif, compiled in as bytes.
 set(about_gif "${VORLANE_ROOT}/data/about.gif")
