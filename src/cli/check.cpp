@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <map>
 #include <set>
-#include <utility>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/cli.h"
@@ -95,11 +95,12 @@ class Folder_Walk {
         if (Npc_Name(name)) files.push_back(path);
       } else if (Npc_Name(name)) {
         // A link to nothing, a pipe, a device: a *.npc that can't be read.
-        Error(path, entry.What == sys::Kind::Missing ? (entry.Link ? "a link to a file that is not there: " : "") +
-                                                           entry.Why
-                                                     : "not a regular file");
-      } else if (entry.What == sys::Kind::Missing && !entry.Link) {
-        // Not even its kind can be seen: it may be a folder of .npc files.
+        Error(path, entry.What == sys::Kind::Missing
+                        ? (entry.Link ? "a link to a file that is not there: " : "") + entry.Why
+                        : "not a regular file");
+      } else if (entry.What == sys::Kind::Missing && !entry.Link && entry.Why != sys::No_Such_File) {
+        // Not even its kind can be seen: it may be a folder of .npc files. (One that has gone
+        // since the folder was listed has nothing left to read.)
         Error(path, entry.Why);
       }
     }

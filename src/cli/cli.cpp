@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
-#include <system_error>
 #include <string_view>
+#include <system_error>
 
 #include "cli/session.h"
 #include "speech/edt_reader.h"
@@ -266,8 +266,8 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
   try {
     return command->Run(Parse(*command, words), out, err);
   } catch (const Usage_Error& error) {
-    err << Program << ' ' << command->Name << ": " << text::Printable(error.what) << " (see vorlane-cli " << command->Name
-        << " --help)\n";
+    err << Program << ' ' << command->Name << ": " << text::Printable(error.what) << " (see vorlane-cli "
+        << command->Name << " --help)\n";
   } catch (const Program_Ended&) {
     // The message that ended it is already out.
   }

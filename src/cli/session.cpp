@@ -120,8 +120,7 @@ void Session::Explain_Byte_14() {
   window.Edt_Kind = No_Speech;
   Event([&] { Info_For_Byte_14(window); });
   window.Edt_Kind = kind;
-  if (window.Check.Value == 1 && window.L_Message.Caption != "-1")
-    Event([&] { Read_EDT(window, std::nullopt); });
+  if (window.Check.Value == 1 && window.L_Message.Caption != "-1") Event([&] { Read_EDT(window, std::nullopt); });
   file = npc_file;
 }
 

@@ -13,8 +13,7 @@ namespace cli {
 int Speech(const Args& args, std::ostream& out, std::ostream& err) {
   const Speech_Kind kind = Speech_Kind_Option(args);
   const bool one = args.Has("--message");
-  const std::int64_t wanted =
-      one ? Number_Option(args, "--message", 0, std::numeric_limits<std::int32_t>::max()) : 0;
+  const std::int64_t wanted = one ? Number_Option(args, "--message", 0, std::numeric_limits<std::int32_t>::max()) : 0;
 
   Session session(err);
   const std::string& path = args.operands[0];

@@ -1,6 +1,7 @@
 #include "system/files.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <utility>
 
 #include "system/failure.h"
@@ -126,6 +128,31 @@ class Signals_Held {
   sigset_t before_;
 };
 
+// The hidden new file's name: the process's number, so that a later run can tell its own
+// leftovers (after a kill -9, which nothing can catch) from the files of a run still going.
+constexpr const char* Temp_Prefix = ".vorlane-";
+
+std::string Temp_Name() { return Temp_Prefix + std::to_string(::getpid()) + "-XXXXXX"; }
+
+// Removes the hidden files that runs which are gone left in the folder: regular files of this
+// user, named by the number of a process that no longer exists. Once a folder for each run.
+void Remove_Leftovers(const fs::path& folder) {
+  static std::set<std::string> cleaned;
+  if (!cleaned.insert(folder.string()).second) return;
+  const std::string prefix = Temp_Prefix;
+  for (const std::string& name : sys::List_Folder(folder.string()).Names) {
+    const std::size_t dash = name.find('-', prefix.size());
+    if (name.rfind(prefix, 0) != 0 || dash == std::string::npos || name.size() != dash + 7) continue;
+    const std::string number = name.substr(prefix.size(), dash - prefix.size());
+    if (number.empty() || number.size() > 9 || number.find_first_not_of("0123456789") != std::string::npos) continue;
+    const pid_t pid = static_cast<pid_t>(std::stol(number));
+    struct stat st {};
+    const std::string path = (folder / name).string();
+    if (pid == ::getpid() || ::kill(pid, 0) == 0 || errno != ESRCH) continue;
+    if (::lstat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode) && st.st_uid == ::geteuid()) ::unlink(path.c_str());
+  }
+}
+
 // Makes a new name in the folder last: a folder's own metadata reaches the disk only when the
 // folder itself is flushed.
 void Flush_Folder(const fs::path& folder) {
@@ -139,10 +166,12 @@ void Flush_Folder(const fs::path& folder) {
 
 bool Disk_Files::Replace(const fs::path& target, const std::vector<std::uint8_t>& bytes, const struct stat* old,
                          unsigned new_mode, std::string& why) {
-  // The new file's name is short and fixed: a name built from the target's could pass the file
-  // system's limit of 255 bytes for a target whose own name is near it.
+  // The new file's name is short: a name built from the target's could pass the file system's
+  // limit of 255 bytes for a target whose own name is near it.
   const fs::path folder = target.parent_path();
-  std::string temp = ((folder.empty() ? fs::path(".") : folder) / ".vorlane-XXXXXX").string();
+  const fs::path place = folder.empty() ? fs::path(".") : folder;
+  Remove_Leftovers(place);
+  std::string temp = (place / Temp_Name()).string();
   Watch_Stop_Signals();
   const bool watched = temp.size() < sizeof Pending_Name;
   Open_File file{-1};

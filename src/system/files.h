@@ -43,10 +43,11 @@ class Files {
 // target itself, as a plain write would. A target that is not there yet is only ever made by the
 // safe road: a failure leaves no file at all, not an empty or a half one.
 //
-// The new file beside the target is hidden, .vorlane-XXXXXX. While it is being written, an
+// The new file beside the target is hidden, .vorlane-PID-XXXXXX. While it is being written, an
 // interrupt, a termination or a hang-up (SIGINT, SIGTERM, SIGHUP) removes it before the program
 // ends as the signal would have ended it; a signal that was ignored when the write began stays
-// ignored.
+// ignored. What a run that was killed outright left behind, the next run that writes in that
+// folder removes.
 class Disk_Files : public Files {
  public:
   std::int64_t Length(const std::string& path) override;

@@ -18,7 +18,7 @@ std::string Words_For(int error) {
   switch (error) {
     case ENOENT:
     case ENOTDIR:
-      return "no such file";
+      return No_Such_File;
     case EACCES:
     case EPERM:
       return "permission denied";

@@ -10,13 +10,16 @@
 
 namespace sys {
 
+// The words for a path that names nothing.
+inline constexpr const char* No_Such_File = "no such file";
+
 // What a path names, its links followed.
 enum class Kind { Missing, File, Folder, Other };
 
 struct Path_Info {
   Kind What = Kind::Missing;
-  std::string Why;     // for Missing: the system's words ("no such file", "permission denied", ...)
-  bool Link = false;   // the path itself is a symbolic link
+  std::string Why;    // for Missing: the system's words ("no such file", "permission denied", ...)
+  bool Link = false;  // the path itself is a symbolic link
   // Tells two names of one folder or file apart from two different ones.
   std::uint64_t Device = 0, Node = 0;
   unsigned Mode = 0;  // the permission bits

@@ -79,7 +79,8 @@ std::string Run_Transcript(const std::string& commands, const fs::path& folder) 
   ::close(pipe[1]);
   std::string transcript;
   char buffer[65536];
-  for (ssize_t got; (got = ::read(pipe[0], buffer, sizeof buffer)) > 0;) transcript.append(buffer, static_cast<std::size_t>(got));
+  for (ssize_t got; (got = ::read(pipe[0], buffer, sizeof buffer)) > 0;)
+    transcript.append(buffer, static_cast<std::size_t>(got));
   ::close(pipe[0]);
   int status = 0;
   ::waitpid(child, &status, 0);
@@ -104,7 +105,7 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   Bytes tail = standard;  // bytes 29 to 32 of record 50 in use: a Buka file has no room for them
   std::copy_n(Bytes{1, 2, 3, 4}.begin(), 4, tail.end() - 4);
   Bytes changed = standard;
-  changed[32 + 12] = 50;  // record 2, byte 13: leadership 50, not 40
+  changed[32 + 12] = 50;         // record 2, byte 13: leadership 50, not 40
   Bytes last_in_use = standard;  // record 50 as record 1: a Buka file would not count it
   std::copy_n(standard.begin(), 32, last_in_use.end() - 32);
   Bytes far(1600, 0);  // records 1 to 4 say messages 70, 71, 5 and nothing
@@ -137,7 +138,8 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   fs::create_symlink("nowhere.npc", folder.Path("walk/dangling.npc"));
   fs::create_symlink("../mod/buka", folder.Path("walk/linked"));
   fs::create_symlink(".", folder.Path("walk/loop"));
-  for (const char* hidden : {"secret.npc", "secret.edt", "walk/locked"}) fs::permissions(folder.Path(hidden), fs::perms::none);
+  for (const char* hidden : {"secret.npc", "secret.edt", "walk/locked"})
+    fs::permissions(folder.Path(hidden), fs::perms::none);
 
   std::stringstream expected;
   expected << std::ifstream(Data_Path("cli_transcript.txt")).rdbuf();
@@ -187,6 +189,21 @@ TEST(Cli, A_Write_Cut_Short_Leaves_No_File_Behind) {
     EXPECT_EQ(folder.Names(), std::vector<std::string>{"old.npc"}) << signal;
     EXPECT_EQ(Read_File(old_file), Bytes(1600, 1)) << signal;
   }
+}
+
+// What a run killed outright left beside its target goes at the next write in that folder; the
+// hidden file of a run still going stays.
+TEST(Cli, A_Killed_Runs_Leftover_Goes_At_The_Next_Write) {
+  Temp_Folder folder;
+  const pid_t gone = ::fork();
+  if (gone == 0) ::_exit(0);
+  ::waitpid(gone, nullptr, 0);
+  const std::string leftover = ".vorlane-" + std::to_string(gone) + "-Ab12Cd";
+  const std::string running = ".vorlane-" + std::to_string(::getppid()) + "-Ef34Gh";
+  folder.Write(leftover, Bytes(1600, 0));
+  folder.Write(running, Bytes(1600, 0));
+  Disk().Write(folder.Path("new.npc"), Bytes(1600, 1));
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{running, "new.npc"}));
 }
 
 // The sentence of every field of every record, as explain prints it and as the editor shows it
