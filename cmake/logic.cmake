@@ -40,9 +40,19 @@ set(VORLANE_LOGIC_SOURCES
 if(WIN32)
   list(APPEND VORLANE_LOGIC_SOURCES src/system/files_win.cpp src/system/text_win.cpp)
 else()
-  list(APPEND VORLANE_LOGIC_SOURCES src/system/files.cpp)
+  list(APPEND VORLANE_LOGIC_SOURCES src/system/files.cpp src/system/paths.cpp)
 endif()
 list(TRANSFORM VORLANE_LOGIC_SOURCES PREPEND "${VORLANE_ROOT}/")
+
+# The commands of vorlane-cli, a library on the logic; its main() is apart.
+set(VORLANE_CLI_SOURCES
+  src/cli/check.cpp
+  src/cli/cli.cpp
+  src/cli/convert.cpp
+  src/cli/explain.cpp
+  src/cli/session.cpp
+  src/cli/speech.cpp)
+list(TRANSFORM VORLANE_CLI_SOURCES PREPEND "${VORLANE_ROOT}/")
 
 # The About window's picture is the file data/about.gif, compiled in as bytes.
 set(about_gif "${VORLANE_ROOT}/data/about.gif")

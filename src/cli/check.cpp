@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/cli.h"
@@ -12,6 +14,7 @@
 #include "store/file_commands.h"
 #include "store/hex.h"
 #include "store/image.h"
+#include "system/paths.h"
 #include "system/text.h"
 #include "store/type_report.h"
 
@@ -68,35 +71,70 @@ class Targets {
   std::map<std::string, std::vector<std::string>> files_;
 };
 
+// The *.npc files under a folder, and the folders and files that could not be read on the way.
+class Folder_Walk {
+ public:
+  explicit Folder_Walk(std::ostream& err) : err_(err) {}
+
+  std::vector<std::string> files;
+  bool failed = false;
+
+  // Every folder under `folder`, links to folders followed as a user would follow them. A folder
+  // that was seen already (a loop of links, or a second way to it) is not walked again.
+  void Walk(const std::string& folder, const sys::Path_Info& info) {
+    if (!seen_.emplace(info.Device, info.Node).second) return;
+    sys::Listing listing = sys::List_Folder(folder);
+    if (!listing.Why.empty()) Error(folder, listing.Why);
+    std::sort(listing.Names.begin(), listing.Names.end());  // the same lines in the same order, on any disk
+    for (const std::string& name : listing.Names) {
+      const std::string path = (fs::path(folder) / name).string();
+      const sys::Path_Info entry = sys::Examine(path);
+      if (entry.What == sys::Kind::Folder) {
+        Walk(path, entry);
+      } else if (entry.What == sys::Kind::File) {
+        if (Npc_Name(name)) files.push_back(path);
+      } else if (Npc_Name(name)) {
+        // A link to nothing, a pipe, a device: a *.npc that can't be read.
+        Error(path, entry.What == sys::Kind::Missing
+                        ? (entry.Link ? "a link to a file that is not there: " : "") + entry.Why
+                        : "not a regular file");
+      } else if (entry.What == sys::Kind::Missing && !entry.Link && entry.Why != sys::No_Such_File) {
+        // Not even its kind can be seen: it may be a folder of .npc files. (One that has gone
+        // since the folder was listed has nothing left to read.)
+        Error(path, entry.Why);
+      }
+    }
+  }
+
+ private:
+  void Error(const std::string& path, const std::string& why) {
+    err_ << Program << ": " << text::Printable(path) << ": " << text::Printable(why) << '\n';
+    failed = true;
+  }
+  std::ostream& err_;
+  std::set<std::pair<std::uint64_t, std::uint64_t>> seen_;
+};
+
 }  // namespace
 
 int Check(const Args& args, std::ostream& out, std::ostream& err) {
   const bool unknown = args.Has("--unknown");
   bool failed = false;
 
-  // The files: those given, and the .npc files of the folders given, in the order of their paths.
+  // The files: those given (a file that can't be read says why when it is opened), and the .npc
+  // files of the folders given, in the order of their paths.
   std::vector<std::string> files;
   for (const std::string& path : args.operands) {
-    std::error_code ec;
-    if (!fs::is_directory(path, ec)) {
-      if (fs::exists(path, ec)) {
-        files.push_back(path);
-      } else {
-        err << Program << ": " << path << ": no such file or folder\n";
-        failed = true;
-      }
+    const sys::Path_Info info = sys::Examine(path);
+    if (info.What != sys::Kind::Folder) {
+      files.push_back(path);
       continue;
     }
-    std::vector<std::string> found;
-    for (auto entry = fs::recursive_directory_iterator(path, fs::directory_options::skip_permission_denied, ec);
-         !ec && entry != fs::recursive_directory_iterator(); entry.increment(ec))
-      if (Npc_Name(entry->path()) && entry->is_regular_file(ec)) found.push_back(entry->path().string());
-    if (ec) {
-      err << Program << ": " << path << ": " << ec.message() << '\n';
-      failed = true;
-    }
-    std::sort(found.begin(), found.end());
-    files.insert(files.end(), found.begin(), found.end());
+    Folder_Walk walk(err);
+    walk.Walk(path, info);
+    failed = failed || walk.failed;
+    std::sort(walk.files.begin(), walk.files.end());
+    files.insert(files.end(), walk.files.begin(), walk.files.end());
   }
 
   const Field& goto_npc = Field_Named("Goto_Npc");
@@ -105,7 +143,7 @@ int Check(const Args& args, std::ostream& out, std::ostream& err) {
   Targets targets;
   bool any = false;
   const auto finding = [&](const std::string& file, const std::string& what) {
-    out << file << ": " << what << '\n';
+    out << text::Printable(file) << ": " << text::Printable(what) << '\n';
     any = true;
   };
   for (const std::string& file : files) {

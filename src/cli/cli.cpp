@@ -1,10 +1,13 @@
 #include "cli/cli.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
+#include <system_error>
 
 #include "cli/session.h"
 #include "speech/edt_reader.h"
+#include "system/text.h"
 
 namespace cli {
 namespace {
@@ -32,9 +35,12 @@ commands:
   check PATH...             the values that the editor calls wrong, in files and folders
   speech FILE.edt           the messages of a speech file
   info FILE.npc...          the variant and the records in use
+  textconv FILE             for git: explain, or the bytes of a file it can't explain
 
 "vorlane-cli COMMAND --help" tells more of each. Output is UTF-8. Exit status: 0 done,
 1 found something (findings, differences), 2 errors; an error is one line on standard error.
+In speech texts and file names, a control character (codes 00-1F, 7F, 80-9F) and a byte that
+is not UTF-8 are shown as \xNN, their code in hex: a line feed as \x0A, an escape as \x1B.
 )";
 
 const Command Commands[] = {
@@ -55,7 +61,8 @@ so in the editor's words. The output stays the same for the same file, so that g
   --record N          only record N, 1 to 50, whatever it holds
   --all               every record, those that are all zero too
   --speech FILE.edt   under byte 14, the line it names, read from this speech file as the
-                      editor's speech pane reads it
+                      editor's speech pane reads it, but for any message the file holds (the
+                      editor stops at message 67, 101 for civilians)
   --kind KIND         the kind of that speech file: npc (the default), civilian or comment;
                       see "vorlane-cli speech --help"
 )"},
@@ -88,9 +95,13 @@ that is of that variant already is left as it is.
 
   --to VARIANT   buka or standard
   --output DIR   write the results into this folder, each under its own name, and leave the
-                 files given as they are; a file already of that variant is copied unchanged
-  --force        convert to Buka also where bytes 29 to 32 of record 50 are not zero, and
-                 lose them; without it such a file is not converted, with an error line
+                 files given as they are; a file already of that variant is copied unchanged.
+                 A result that would land on a file given is not written (error line). A new
+                 file gets the mode of the file it comes from, less the umask
+  --force        convert to Buka also where record 50 is in use, and lose it: a Buka file has
+                 no room for bytes 29 to 32 of record 50, and its last record counts only when
+                 it is all zero ("Bad last record"); without it such a file is not converted,
+                 with an error line
 )"},
     {"check",
      Check,
@@ -107,7 +118,10 @@ Findings are the sentences that say a value is wrong (a fire mode, trigger, ques
 record or leadership out of range, byte 15 against byte 14, a byte 20 or bytes 29-32 that are not
 zero); a file of the wrong size; a Buka file whose last record is not all zero; and control
 passed on (bytes 18 and 19) to a record that is all zero, when the file of that character,
-NNN.npc, lies in the same folder. Exit status 1 when anything was found.
+NNN.npc, lies in the same folder. Exit status 1 when anything was found. Links to folders
+are followed (a folder reached twice is checked once); a folder that can't be listed, and a
+*.npc that can't be read (a link to nothing, a pipe, a device), are error lines and exit
+status 2.
 
   --unknown   also the input and reaction codes that have no name ("<?>")
 )"},
@@ -120,12 +134,13 @@ NNN.npc, lies in the same folder. Exit status 1 when anything was found.
      R"(usage: vorlane-cli speech FILE.edt [--kind KIND] [--message N]
 
 Prints each whole message of a speech file as "N: text", decoded as the editor's speech pane
-decodes it, or only message N.
+decodes it, or only message N. Unlike the editor, which stops at message 67 (101 for
+civilians), it reads every message that the file holds.
 
   --kind KIND   npc: NPC dialogues, <3num>.edt, 480 bytes a message (the default);
                 civilian: civilians' dialogues, <Civ+2num>.edt or <Sector>.edt, 320 bytes;
                 comment: NPC comments, <D_+3num>.edt, 480 bytes
-  --message N   only message N
+  --message N   only message N, 0 to 2147483647
 )"},
     {"info",
      Info,
@@ -138,6 +153,21 @@ decodes it, or only message N.
 Prints what Tools > Type > Current says of a file: its variant, the number of records in use
 and, for a Buka file whose last record is not all zero, "Bad last record". With more than one
 file, each line starts with the file's name.
+)"},
+    {"textconv",
+     Textconv,
+     {},
+     {},
+     1,
+     1,
+     R"(usage: vorlane-cli textconv FILE
+
+For git: prints what "vorlane-cli explain FILE" prints; for a file that it can't explain (one
+of another size, an empty one), one line that says why, with the file's size, then its bytes in
+hex, 32 a line. Exit status 0 whatever the file, so that git diff, git log -p and git show never
+stop at a file. With these two lines, git shows .npc files through it:
+  echo '*.npc diff=npc' >> .gitattributes
+  git config diff.npc.textconv "vorlane-cli textconv"
 )"},
 };
 
@@ -184,10 +214,16 @@ std::string Args::Value(const std::string& option, const std::string& otherwise)
   return found == options.end() ? otherwise : found->second;
 }
 
-int Number_Option(const Args& args, const std::string& option, int first, int last) {
+std::int64_t Number_Option(const Args& args, const std::string& option, std::int64_t first, std::int64_t last) {
   const std::string text = args.Value(option);
-  const bool digits = !text.empty() && text.size() <= 9 && text.find_first_not_of("0123456789") == std::string::npos;
-  const int number = digits ? std::stoi(text) : -1;
+  std::int64_t number = -1;
+  const char* const end = text.data() + text.size();
+  const bool digits = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+  // Digits beyond what 64 bits hold are out of range as well.
+  if (digits) {
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || stop != end) number = -1;
+  }
   if (number < first || number > last)
     throw Usage_Error{option + " takes a number from " + std::to_string(first) + " to " + std::to_string(last)};
   return number;
@@ -218,7 +254,7 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
   for (const Command& c : Commands)
     if (c.Name == wanted) command = &c;
   if (!command) {
-    err << Program << ": no command " << wanted << " (see vorlane-cli --help)\n";
+    err << Program << ": no command " << text::Printable(wanted) << " (see vorlane-cli --help)\n";
     return Failed;
   }
   const std::vector<std::string> words(args.begin() + (help ? 2 : 1), args.end());
@@ -230,8 +266,8 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
   try {
     return command->Run(Parse(*command, words), out, err);
   } catch (const Usage_Error& error) {
-    err << Program << ' ' << command->Name << ": " << error.what << " (see vorlane-cli " << command->Name
-        << " --help)\n";
+    err << Program << ' ' << command->Name << ": " << text::Printable(error.what) << " (see vorlane-cli "
+        << command->Name << " --help)\n";
   } catch (const Program_Ended&) {
     // The message that ended it is already out.
   }

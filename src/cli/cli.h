@@ -32,6 +32,7 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err);
 int Check(const Args& args, std::ostream& out, std::ostream& err);
 int Speech(const Args& args, std::ostream& out, std::ostream& err);
 int Info(const Args& args, std::ostream& out, std::ostream& err);
+int Textconv(const Args& args, std::ostream& out, std::ostream& err);
 
 // A bad argument that the parser of the options can't see: its message, and the program stops
 // before it has touched any file.
@@ -40,7 +41,7 @@ struct Usage_Error {
 };
 
 // A whole number from first to last given to an option; Usage_Error for anything else.
-int Number_Option(const Args& args, const std::string& option, int first, int last);
+std::int64_t Number_Option(const Args& args, const std::string& option, std::int64_t first, std::int64_t last);
 // The kind of speech file named by --kind: npc (the default), civilian or comment.
 Speech_Kind Speech_Kind_Option(const Args& args);
 

@@ -1,4 +1,5 @@
 // convert: the conversion of the Type menu for many files at once.
+#include <algorithm>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -11,6 +12,8 @@
 #include "store/npc_dialogs.h"
 #include "store/conversion.h"
 #include "store/type_report.h"
+#include "system/paths.h"
+#include "system/text.h"
 
 namespace cli {
 namespace {
@@ -24,12 +27,14 @@ std::string Spaced(const std::string& hex) {
   return spaced;
 }
 
-// Writes the image to `path` as saves do: a new file that then takes the old one's place.
-bool Write(Session& session, const std::string& path, const std::string& image) {
+// Writes the image to `path` as saves do: a new file that then takes the old one's place. A file
+// that is not there yet gets the mode of `source`, the file it comes from, less the umask.
+bool Write(Session& session, const std::string& path, const std::string& image, const std::string& source) {
   try {
     std::vector<std::uint8_t> bytes;
     session.Event([&] { bytes = image::Bytes_Of(image); });
-    session.window.files.Write(path, bytes);
+    const sys::Path_Info from = sys::Examine(source);
+    session.window.files.Write(path, bytes, from.What == sys::Kind::File ? from.Mode : Files::New_File_Mode);
     return true;
   } catch (const Run_Time_Error& failure) {
     session.file = path;
@@ -48,8 +53,8 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err) {
   const int target = to == "buka" ? npc_type::Buka : npc_type::Standard;
   const bool into = args.Has("--output");
   const fs::path folder = args.Value("--output");
-  std::error_code ec;
-  if (into && !fs::is_directory(folder, ec)) throw Usage_Error{"--output " + folder.string() + " is no folder"};
+  if (into && sys::Examine(folder.string()).What != sys::Kind::Folder)
+    throw Usage_Error{"--output " + folder.string() + " is no folder"};
   if (into) {
     // Two files of one name would land on one another in the folder.
     std::set<fs::path> names;
@@ -59,28 +64,52 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err) {
   }
 
   Session session(err);
+  Files& files = session.window.files;
   for (const std::string& path : args.operands) {
     if (!session.Open(path)) continue;
     const std::string output = into ? (folder / fs::path(path).filename()).string() : path;
-    const bool elsewhere = into && !session.window.files.Same_File(output, path);
+    // --output leaves every file given as it is, also one that lies in that folder.
+    if (into) {
+      const auto given = std::find_if(args.operands.begin(), args.operands.end(),
+                                      [&](const std::string& other) { return files.Same_File(output, other); });
+      if (given != args.operands.end()) {
+        session.Error("not written: " + output + " is " + (*given == path ? "this file" : "the file " + *given) +
+                      ", given to convert; --output must not write over it");
+        continue;
+      }
+    }
+    const std::string shown = text::Printable(path) + (into ? " -> " + text::Printable(output) : "");
     const Conversion conversion = Convert_Image(session.window.HexImage, target);
     if (!conversion.Needed) {
       const std::string type = File_Type_Report(session.window).Type;
-      if (!elsewhere) {
-        out << path << ": already " << type << ", left as it is\n";
-      } else if (Write(session, output, session.window.HexImage)) {
-        out << path << " -> " << output << ": already " << type << ", copied as it is\n";
+      if (!into) {
+        out << shown << ": already " << type << ", left as it is\n";
+      } else if (Write(session, output, session.window.HexImage, path)) {
+        out << shown << ": already " << type << ", copied as it is\n";
       }
       continue;
     }
+    // What the window would make of the result: a Buka file whose last record is not all zero
+    // is reported as such, and that record counts no more.
+    std::string remark;
+    session.Event([&] {
+      image::Load(session.window, image::Bytes_Of(conversion.Image));
+      remark = File_Type_Report(session.window).Remark;
+    });
     const std::string dropped = "bytes 29 to 32 of record 50, " + Spaced(conversion.Dropped);
-    if (!conversion.Dropped.empty() && !args.Has("--force")) {
+    if (!args.Has("--force") && !remark.empty()) {
+      session.Error("not converted: record 50 is in use, and a Buka file has no room for it (\"" + remark +
+                    "\"; --force drops it)");
+      continue;
+    }
+    if (!args.Has("--force") && !conversion.Dropped.empty()) {
       session.Error("not converted: a Buka file has no room for " + dropped + " (--force drops them)");
       continue;
     }
-    if (!Write(session, output, conversion.Image) || !session.Open(output)) continue;
-    out << path << (elsewhere ? " -> " + output : "") << ": " << File_Type_Report(session.window).Type;
+    if (!Write(session, output, conversion.Image, path) || !session.Open(output)) continue;
+    out << shown << ": " << File_Type_Report(session.window).Type;
     if (!conversion.Dropped.empty()) out << ", " << dropped << ", dropped";
+    if (!remark.empty()) out << ", record 50 dropped: " << remark;
     out << '\n';
   }
   return session.failed ? Failed : Done;

@@ -1,10 +1,15 @@
-// explain, diff and info: a file as the editor reads it, record by record and field by field.
+// explain, diff, info and textconv: a file as the editor reads it, record by record and field by
+// field.
+#include <algorithm>
+#include <sstream>
 #include <string>
 
 #include "cli/cli.h"
 #include "cli/session.h"
+#include "store/hex.h"
 #include "store/image.h"
 #include "store/type_report.h"
+#include "system/text.h"
 
 namespace cli {
 namespace {
@@ -27,7 +32,30 @@ void Print_Record(std::ostream& out, const Record_View& record) {
   for (const Field_View& field : record.Fields) {
     out << "  " << Padded(std::string(field.Of->Caption), Caption_Width) << "  " << Padded(field.Bytes, Bytes_Width)
         << "  " << field.Sentence << '\n';
-    if (!field.Speech.empty()) out << std::string(2 + Caption_Width + 2 + Bytes_Width + 2, ' ') << field.Speech << '\n';
+    if (!field.Speech.empty())
+      out << std::string(2 + Caption_Width + 2 + Bytes_Width + 2, ' ') << text::Printable(field.Speech) << '\n';
+  }
+}
+
+// The type report, then record `only` (1 .. 50), or every record that exists, or with `all`
+// every record.
+void Print_Explanation(Session& session, std::ostream& out, int only, bool all) {
+  out << File_Type_Report(session.window).Text() << '\n';
+  for (int k = only ? only : 1; k <= (only ? only : image::Records); ++k) {
+    const Record_View record = session.Record(k);
+    if (only || all || record.Exists()) Print_Record(out, record);
+  }
+}
+
+// A file's bytes in hex, 32 a line, read a piece at a time.
+void Print_Bytes(Session& session, const std::string& path, std::int64_t length, std::ostream& out) {
+  constexpr std::int64_t Piece = 32 * 2048;
+  for (std::int64_t offset = 0; offset < length; offset += Piece) {
+    const auto bytes =
+        session.window.files.Read(path, offset, static_cast<std::size_t>(std::min(Piece, length - offset)));
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      out << hex::Pair(bytes[i]) << (i % 32 == 31 || i + 1 == bytes.size() ? '\n' : ' ');
+    }
   }
 }
 
@@ -37,20 +65,44 @@ bool Empty(const Record_View& record) { return record.Bytes.find_first_not_of("0
 }  // namespace
 
 int Explain(const Args& args, std::ostream& out, std::ostream& err) {
-  if (args.Has("--record") && args.Has("--all")) throw Usage_Error{"--record and --all go not together"};
+  if (args.Has("--record") && args.Has("--all")) throw Usage_Error{"--record and --all can't be used together"};
   if (args.Has("--kind") && !args.Has("--speech")) throw Usage_Error{"--kind goes with --speech"};
-  const int only = args.Has("--record") ? Number_Option(args, "--record", 1, image::Records) : 0;
+  const int only = args.Has("--record") ? static_cast<int>(Number_Option(args, "--record", 1, image::Records)) : 0;
   const Speech_Kind kind = Speech_Kind_Option(args);
 
   Session session(err);
   if (!session.Open(args.operands[0])) return Failed;
-  if (args.Has("--speech")) session.Speech(args.Value("--speech"), kind);
-  out << File_Type_Report(session.window).Text() << '\n';
-  for (int k = only ? only : 1; k <= (only ? only : image::Records); ++k) {
-    const Record_View record = session.Record(k);
-    if (only || args.Has("--all") || record.Exists()) Print_Record(out, record);
-  }
+  // A speech file that can't be bound stops it before anything is printed.
+  if (args.Has("--speech") && !session.Speech(args.Value("--speech"), kind)) return Failed;
+  Print_Explanation(session, out, only, args.Has("--all"));
   return session.failed ? Failed : Done;
+}
+
+int Textconv(const Args& args, std::ostream& out, std::ostream&) {
+  // git shows every version of a file through this, and stops at the first that fails: whatever
+  // the file, it prints something and exits 0. Error lines of the window are not git's business.
+  const std::string& path = args.operands[0];
+  std::ostringstream quiet;
+  try {
+    Session session(quiet);
+    std::string size_message;
+    std::ostringstream explained;
+    if (session.Open(path, &size_message)) {
+      Print_Explanation(session, explained, 0, false);
+      out << explained.str();
+      return Done;
+    }
+    if (size_message.empty()) {
+      out << text::Printable(quiet.str().substr(0, quiet.str().find('\n'))) << '\n';
+      return Done;
+    }
+    const std::int64_t length = session.window.files.Length(path);
+    out << size_message << ": " << length << " bytes, not " << image::File_Size << '\n';
+    Print_Bytes(session, path, length, out);
+  } catch (...) {
+    out << Program << ": " << text::Printable(path) << ": can't be read\n";
+  }
+  return Done;
 }
 
 int Diff(const Args& args, std::ostream& out, std::ostream& err) {
@@ -69,8 +121,8 @@ int Diff(const Args& args, std::ostream& out, std::ostream& err) {
       const Field_View& r = right.Fields[i];
       if (l.Bytes == r.Bytes && l.Sentence == r.Sentence) continue;
       if (!differ) {
-        out << "--- " << a.file << ": " << File_Type_Report(a.window).Text() << '\n';
-        out << "+++ " << b.file << ": " << File_Type_Report(b.window).Text() << '\n';
+        out << "--- " << text::Printable(a.file) << ": " << File_Type_Report(a.window).Text() << '\n';
+        out << "+++ " << text::Printable(b.file) << ": " << File_Type_Report(b.window).Text() << '\n';
         differ = true;
       }
       out << '\n' << left.Heading << ", " << l.Of->Caption << '\n';
@@ -86,7 +138,7 @@ int Info(const Args& args, std::ostream& out, std::ostream& err) {
   Session session(err);
   for (const std::string& path : args.operands) {
     if (!session.Open(path)) continue;
-    if (args.operands.size() > 1) out << path << ": ";
+    if (args.operands.size() > 1) out << text::Printable(path) << ": ";
     out << File_Type_Report(session.window).Text() << '\n';
   }
   return session.failed ? Failed : Done;

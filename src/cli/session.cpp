@@ -1,10 +1,10 @@
 #include "cli/session.h"
 
-#include <filesystem>
-
 #include "fields/explain.h"
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
+#include "system/paths.h"
+#include "system/text.h"
 #include "ui/navigation.h"
 #include "form/record_tests.h"
 #include "ui/shell.h"
@@ -17,8 +17,9 @@ Session::Session(std::ostream& err) : err_(err) {
 }
 
 void Session::Error(const std::string& what) {
-  err_ << Program << ": " << file << ": " << what << '\n';
+  err_ << Program << ": " << text::Printable(file) << ": " << text::Printable(what) << '\n';
   failed = true;
+  ++error_lines_;
 }
 
 void Session::Pass_On_Boxes() {
@@ -34,9 +35,10 @@ void Session::Pass_On_Boxes() {
 
 bool Session::Open(const std::string& path, std::string* size_message) {
   file = path;
-  std::error_code ec;
-  if (std::filesystem::is_directory(path, ec)) {
-    Error("a folder, not a file");
+  // What can't be opened is told in the system's words before the window tries: a folder would
+  // measure as an empty file, and a pipe must not be opened at all.
+  if (const std::string why = sys::Why_Unreadable(path); !why.empty()) {
+    Error(why);
     return false;
   }
   Open_Result result = Open_Result::Unreadable;
@@ -46,7 +48,10 @@ bool Session::Open(const std::string& path, std::string* size_message) {
     platform.Messages.pop_back();
   }
   Pass_On_Boxes();
-  if (result == Open_Result::Unreadable) Error(std::filesystem::exists(path, ec) ? "can't be read" : "no such file");
+  if (result == Open_Result::Unreadable) {
+    const std::string why = sys::Why_Unreadable(path);
+    Error(why.empty() ? "can't be read" : why);
+  }
   return result == Open_Result::Loaded;
 }
 
@@ -81,10 +86,11 @@ Record_View Session::Record(int k) {
   record.All_Zero = window.Work_Text_2 == "error";
   for (const Field& field : fields::All()) {
     Field_View view{&field, Cells(window, field.First, field.Last()), {}, {}, {}};
-    // The speech pane keeps what it showed last when it reads nothing: each record starts clean.
-    const bool speech = field.Explain == Info_For_Byte_14 && window.Check.Value == 1;
-    if (speech) window.L_Edt.Caption.clear();
-    Event([&] { field.Explain(window); });
+    const bool speech = field.Explain == Info_For_Byte_14 && !speech_path_.empty();
+    if (speech)
+      Explain_Byte_14();
+    else
+      Event([&] { field.Explain(window); });
     view.Sentence = window.L_Info_User.Caption;
     view.Found = window.Info_Finding;
     if (speech) view.Speech = window.L_Edt.Caption;
@@ -93,13 +99,52 @@ Record_View Session::Record(int k) {
   return record;
 }
 
+void Session::Explain_Byte_14() {
+  // Error lines from here on are about the speech file.
+  const std::string npc_file = file;
+  file = speech_path_;
+  // A pane that went off after a failure is ticked again: one record's failure takes nothing
+  // from the next.
+  if (window.Check.Value != 1) {
+    window.L_Message.Caption = "0";
+    Event([&] { Check_Tick_With_File(window, speech_path_, speech_kind_); });
+  }
+  // The pane keeps what it showed last when it reads nothing: each record starts clean.
+  window.L_Edt.Caption.clear();
+  // The explanation names the message in L_Message and has the pane's reader read it. That
+  // reader stops at the editor's 16-bit positions; the command line reads any message that the
+  // file holds. So the pane reads nothing while the explanation runs, and the message it named,
+  // if any ("-1" is a record that says nothing), is read after it without that limit.
+  const Speech_Kind kind = window.Edt_Kind;
+  window.L_Message.Caption = "-1";
+  window.Edt_Kind = No_Speech;
+  Event([&] { Info_For_Byte_14(window); });
+  window.Edt_Kind = kind;
+  if (window.Check.Value == 1 && window.L_Message.Caption != "-1") Event([&] { Read_EDT(window, std::nullopt); });
+  file = npc_file;
+}
+
+void Session::Read_Message(std::int64_t n) {
+  window.L_Message.Caption = std::to_string(n);
+  Event([&] { Read_EDT(window, std::nullopt); });
+}
+
 bool Session::Speech(const std::string& path, Speech_Kind kind) {
   const std::string npc_file = file;
   file = path;
-  Event([&] { Check_Tick_With_File(window, path, kind); });
-  std::error_code ec;
-  if (window.Check.Value != 1) Error(std::filesystem::exists(path, ec) ? "can't be read" : "no such file");
-  const bool bound = window.Check.Value == 1;
+  const std::size_t lines_before = error_lines_;
+  if (const std::string why = sys::Why_Unreadable(path); !why.empty()) {
+    Error(why);
+  } else {
+    Event([&] { Check_Tick_With_File(window, path, kind); });
+    // One error line for one failure: the pane's own message, when it gave one.
+    if (window.Check.Value != 1 && error_lines_ == lines_before) Error("can't be read");
+  }
+  const bool bound = window.Check.Value == 1 && error_lines_ == lines_before;
+  if (bound) {
+    speech_path_ = path;
+    speech_kind_ = kind;
+  }
   file = npc_file;
   return bound;
 }

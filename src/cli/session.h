@@ -3,6 +3,7 @@
 // window's labels; what the window would show in a message box becomes an error line.
 #pragma once
 
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -64,22 +65,31 @@ class Session {
     Fire(window, std::forward<Step>(step));
     Pass_On_Boxes();
   }
-  // Writes "vorlane-cli: FILE: what" and counts the session as failed.
+  // Writes "vorlane-cli: FILE: what" and counts the session as failed. The file's name and the
+  // words are made printable: one line, valid UTF-8.
   void Error(const std::string& what);
 
   // Loads a file as File > Open does. A file of the wrong size leaves the window's message in
   // `size_message` (an error line when none is given); a file that can't be read gets an error
-  // line. Tells whether the file was loaded.
+  // line that says why (no such file, permission denied, a folder, not a regular file). Tells
+  // whether the file was loaded.
   bool Open(const std::string& path, std::string* size_message = nullptr);
   // Shows record k, 1 .. 50, and reads what the window says of it and of each of its fields.
   Record_View Record(int k);
-  // Ticks the speech pane with this file of this kind; false, with an error line, when it
-  // can't be bound.
+  // Ticks the speech pane with this file of this kind; false, with one error line, when it
+  // can't be bound. The records explained from then on show the line of byte 14.
   bool Speech(const std::string& path, Speech_Kind kind);
+  // Reads message n of the bound speech file into L_Edt, wherever it lies in the file.
+  void Read_Message(std::int64_t n);
 
  private:
   void Pass_On_Boxes();
+  // Explains byte 14 of the record on show with the line it names.
+  void Explain_Byte_14();
   std::ostream& err_;
+  std::size_t error_lines_ = 0;
+  std::string speech_path_;  // the speech file bound by Speech, for as long as the session lives
+  Speech_Kind speech_kind_ = No_Speech;
 };
 
 // The cells first .. last of the record on show, a blank between two; empty cells are left out.

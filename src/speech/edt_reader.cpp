@@ -17,9 +17,6 @@
 
 namespace {
 
-// The walk counts positions in signed 16 bits: no message may end beyond this position.
-constexpr std::int64_t Last_Position = 32767;
-
 // The length of the speech file; a file that has gone since it was chosen reads as empty.
 std::int64_t Length_Or_Empty(Vorlane& vForm) {
   try {
@@ -31,10 +28,10 @@ std::int64_t Length_Or_Empty(Vorlane& vForm) {
 
 // Decodes the positions first .. last (1-based) into Txt_Free. `bytes` starts at position first
 // and reaches two positions beyond last where the file has them, for the look-ahead.
-void Decode(Vorlane& vForm, const std::vector<std::uint8_t>& bytes, std::int16_t first, std::int16_t last) {
+void Decode(Vorlane& vForm, const std::vector<std::uint8_t>& bytes, std::int64_t first, std::int64_t last) {
   const auto at = [&](std::int64_t p) { return bytes[static_cast<std::size_t>(p - first)]; };
   std::string& text = vForm.Txt_Free.Text;
-  for (std::int16_t p = first; p <= last; ++p) {
+  for (std::int64_t p = first; p <= last; ++p) {
     const std::uint8_t b = at(p);
     if (b == 0x20) {
       text += ' ';
@@ -80,7 +77,7 @@ std::int32_t speech::Message_Number(const Vorlane& vForm) {
   return *n;
 }
 
-void Read_EDT(Vorlane& vForm) {
+void Read_EDT(Vorlane& vForm, std::optional<std::int64_t> last_position) {
   if (vForm.Edt_Kind == No_Speech) return;
   try {
     vForm.Txt_Free.Text.clear();
@@ -93,14 +90,15 @@ void Read_EDT(Vorlane& vForm) {
     const std::int64_t n = speech::Message_Number(vForm);
     const std::int64_t last = n * size + size;
     const std::int64_t first = last == size ? 1 : last - size;
-    if (last < INT32_MIN || last > INT32_MAX) throw Run_Time_Error("position out of range");  // 32-bit positions
+    // The editor's positions are 32-bit numbers, its walk's 16-bit ones.
+    if (last_position && (last < INT32_MIN || last > INT32_MAX)) throw Run_Time_Error("position out of range");
     if (!speech::Has_Message(vForm.Edt_File_Size, size, n)) return;  // not in the file: nothing changes
-    if (last > Last_Position || first < 1) throw Run_Time_Error("position out of range");
+    if ((last_position && last > *last_position) || first < 1) throw Run_Time_Error("position out of range");
 
     // Only the span and its look-ahead are read, however large the file.
     const std::int64_t end = std::min(last + 2, vForm.Edt_File_Size);
     const auto bytes = vForm.files.Read(vForm.Edt_Path, first - 1, static_cast<std::size_t>(end - first + 1));
-    Decode(vForm, bytes, static_cast<std::int16_t>(first), static_cast<std::int16_t>(last));
+    Decode(vForm, bytes, first, last);
     vForm.L_Edt.Caption = vForm.Txt_Free.Text;
   } catch (const Run_Time_Error&) {
     Reading_Failed(vForm);

@@ -109,7 +109,12 @@ Open_Result Open_File(Vorlane& vForm, const std::string& path) {
 void Open_Named(Vorlane& vForm, const std::string& name) {
   std::error_code ec;
   const std::filesystem::path file = std::filesystem::absolute(text::Path(name), ec);
-  Open_File(vForm, ec ? name : text::Text(file));
+  const std::string path = ec ? name : text::Text(file);
+  // Unlike a file picked in the dialog, a named file may be gone, unreadable, or no file at all
+  // (a folder is not a file of the wrong size): the read-failure message, and the editor starts
+  // empty.
+  if (vForm.files.Dir(path).empty() || Open_File(vForm, path) == Open_Result::Unreadable)
+    Show_Error(vForm.platform, vForm.Work_Text, "6", msgbox::Warning, vForm.Error_Title);
 }
 
 void GreatNewFile(Vorlane& vForm) {

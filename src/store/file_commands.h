@@ -31,7 +31,8 @@ enum class Open_Result { Loaded, Wrong_Size, Unreadable };
 // and the command-line tool all load through here.
 Open_Result Open_File(Vorlane& vForm, const std::string& path);
 // A file named on the editor's command line (by the user or a file manager): opened as File >
-// Open opens it, under its full path as the dialog would give it.
+// Open opens it, under its full path as the dialog would give it. One that is missing, can't be
+// read or is no regular file gets the read-failure message ("6"), and the window stays empty.
 void Open_Named(Vorlane& vForm, const std::string& name);
 void GreatNewFile(Vorlane& vForm);
 void FileSave(Vorlane& vForm);

@@ -23,8 +23,13 @@ class Files {
   virtual std::string Dir(const std::string& path) = 0;
   // count bytes from the 0-based offset; fails unless all of them could be read.
   virtual std::vector<std::uint8_t> Read(const std::string& path, std::int64_t offset, std::size_t count) = 0;
-  // Replaces the whole file by these bytes. A link is followed to the file it names.
-  virtual void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) = 0;
+  // Replaces the whole file by these bytes. A link is followed to the file it names. A file that
+  // is not there yet is made with the permission bits `new_mode`, less those that the process's
+  // file creation mask takes away; one that is there keeps its own.
+  virtual void Write(const std::string& path, const std::vector<std::uint8_t>& bytes,
+                     unsigned new_mode = New_File_Mode) = 0;
+  // Read and write for everyone, before the mask: the mode of a new file that copies no other.
+  static constexpr unsigned New_File_Mode = 0666;
   // Whether two paths name one file: the same file on disk (through links and other names), or
   // the same text for a file that is not there.
   virtual bool Same_File(const std::string& a, const std::string& b) { return a == b; }
@@ -42,13 +47,21 @@ using Native_File = int;
 // old file as it was. Where no new file may be made in the folder, where the new file can't take
 // the old one's place, where the disk has no room for a second copy, or where the target has
 // other names (hard links) that must see the new bytes too, the bytes are written into the
-// target itself, as a plain write would.
+// target itself, as a plain write would. A target that is not there yet is only ever made by the
+// safe road: a failure leaves no file at all, not an empty or a half one.
+//
+// The new file beside the target is hidden, .vorlane-PID-XXXXXX. While it is being written, an
+// interrupt, a termination or a hang-up (SIGINT, SIGTERM, SIGHUP) removes it before the program
+// ends as the signal would have ended it; a signal that was ignored when the write began stays
+// ignored. What a run that was killed outright left behind, the next run that writes in that
+// folder removes.
 class Disk_Files : public Files {
  public:
   std::int64_t Length(const std::string& path) override;
   std::string Dir(const std::string& path) override;
   std::vector<std::uint8_t> Read(const std::string& path, std::int64_t offset, std::size_t count) override;
-  void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) override;
+  void Write(const std::string& path, const std::vector<std::uint8_t>& bytes,
+             unsigned new_mode = New_File_Mode) override;
   bool Same_File(const std::string& a, const std::string& b) override;
 
  protected:
@@ -57,12 +70,14 @@ class Disk_Files : public Files {
   virtual void Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size);
 
  private:
-  // The safe road; false when it can't be taken, with nothing left behind.
+  // The safe road; false when it can't be taken, with nothing left behind and the reason in `why`.
 #ifdef _WIN32
   bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, bool exists);
   void Write_In_Place(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes);
 #else
-  bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, const struct stat* old);
+  // A new file gets `new_mode`.
+  bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, const struct stat* old,
+               unsigned new_mode, std::string& why);
   void Write_In_Place(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, unsigned mode);
 #endif
 };

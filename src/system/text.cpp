@@ -32,7 +32,75 @@ void Append_Utf8(std::string& out, std::uint32_t cp) {
   }
 }
 
+// The length of the UTF-8 character that starts at s[i] and its code, or 0 for a byte that
+// starts none.
+std::size_t Character_At(std::string_view s, std::size_t i, std::uint32_t& code) {
+  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(s[k]); };
+  const unsigned char c = byte(i);
+  if (c < 0x80) {
+    code = c;
+    return 1;
+  }
+  std::size_t length = 0;
+  std::uint32_t least = 0;
+  if (c >= 0xC2 && c <= 0xDF) {
+    length = 2, least = 0x80, code = c & 0x1F;
+  } else if (c >= 0xE0 && c <= 0xEF) {
+    length = 3, least = 0x800, code = c & 0x0F;
+  } else if (c >= 0xF0 && c <= 0xF4) {
+    length = 4, least = 0x10000, code = c & 0x07;
+  } else {
+    return 0;
+  }
+  if (i + length > s.size()) return 0;
+  for (std::size_t k = 1; k < length; ++k) {
+    if (!Is_Continuation(byte(i + k))) return 0;
+    code = (code << 6) | (byte(i + k) & 0x3F);
+  }
+  if (code < least || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return 0;
+  return length;
+}
+
+bool Is_Control(std::uint32_t code) { return code < 0x20 || (code >= 0x7F && code <= 0x9F); }
+
+void Append_Escape(std::string& out, unsigned value) {
+  static constexpr char Digits[] = "0123456789ABCDEF";
+  out += "\\x";
+  out += Digits[(value >> 4) & 0xF];
+  out += Digits[value & 0xF];
+}
+
 }  // namespace
+
+std::string Printable(std::string_view s) {
+  std::string out;
+  out.reserve(s.size());
+  for (std::size_t i = 0; i < s.size();) {
+    std::uint32_t code = 0;
+    const std::size_t length = Character_At(s, i, code);
+    if (length == 0) {
+      Append_Escape(out, static_cast<unsigned char>(s[i]));
+      ++i;
+      continue;
+    }
+    if (Is_Control(code))
+      Append_Escape(out, code);
+    else
+      out.append(s.substr(i, length));
+    i += length;
+  }
+  return out;
+}
+
+bool Valid_Utf8(std::string_view s) {
+  for (std::size_t i = 0; i < s.size();) {
+    std::uint32_t code = 0;
+    const std::size_t length = Character_At(s, i, code);
+    if (length == 0) return false;
+    i += length;
+  }
+  return true;
+}
 
 std::size_t Length(std::string_view s) {
   std::size_t n = 0;

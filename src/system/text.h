@@ -25,4 +25,12 @@ std::string File_Title(std::string_view path);
 std::filesystem::path Path(std::string_view utf8);
 std::string Text(const std::filesystem::path& path);
 
+// A text from outside (a file name, a decoded speech text) made fit for one line of output that
+// is valid UTF-8: each control character (codes 00 to 1F, 7F, 80 to 9F) becomes \xNN, its code in
+// two hex digits (a line feed \x0A, an escape \x1B), and so does each byte that is no part of a
+// UTF-8 character. Everything else stays as it is.
+std::string Printable(std::string_view s);
+// Whether a text is valid UTF-8 (no stray byte, no overlong form, no surrogate).
+bool Valid_Utf8(std::string_view s);
+
 }  // namespace text

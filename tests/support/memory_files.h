@@ -26,7 +26,7 @@ class Memory_Files : public Files {
     const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
     return {begin, begin + static_cast<std::ptrdiff_t>(count)};
   }
-  void Write(const std::string& path, const std::vector<std::uint8_t>& bytes) override {
+  void Write(const std::string& path, const std::vector<std::uint8_t>& bytes, unsigned = New_File_Mode) override {
     ++Writes;
     Content[path] = bytes;
   }

@@ -1,0 +1,46 @@
+// What the operating system says of a path, in a few words a user can act on: whether it names a
+// file that can be read, a folder, something else, or nothing; the names in a folder; the modes
+// that new files get. One implementation for POSIX systems; another system gets its own beside
+// it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace sys {
+
+// The words for a path that names nothing.
+inline constexpr const char* No_Such_File = "no such file";
+
+// What a path names, its links followed.
+enum class Kind { Missing, File, Folder, Other };
+
+struct Path_Info {
+  Kind What = Kind::Missing;
+  std::string Why;    // for Missing: the system's words ("no such file", "permission denied", ...)
+  bool Link = false;  // the path itself is a symbolic link
+  // Tells two names of one folder or file apart from two different ones.
+  std::uint64_t Device = 0, Node = 0;
+  unsigned Mode = 0;  // the permission bits
+};
+
+Path_Info Examine(const std::string& path);
+
+// Why the file at `path` can't be read: "no such file", "permission denied", "a folder, not a
+// file", "not a regular file", or the system's own words for another failure. Empty when it can
+// be opened for reading. Nothing is read, and a pipe is never opened.
+std::string Why_Unreadable(const std::string& path);
+
+// The names in a folder, "." and ".." left out, in the order the system gives them; or the
+// system's words for why it can't be listed.
+struct Listing {
+  std::vector<std::string> Names;
+  std::string Why;  // empty when the folder was listed
+};
+Listing List_Folder(const std::string& path);
+
+// The permission bits that this process takes away from every file it makes.
+unsigned File_Creation_Mask();
+
+}  // namespace sys
