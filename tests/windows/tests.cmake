@@ -1,1 +1,20 @@
-# Windows tests (filled in below).
+# The tests of the Windows programs, each run under wine, the cross-compiling emulator. scripts/test
+# makes the wine prefix once and keeps its server running; the programs that make windows run in
+# the X server it starts.
+add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+
+# A GoogleTest program as one test under wine. A mingw program writes CRLF, and a run of no test
+# at all must not pass: the summary has to name at least one passed test, and none failed.
+function(vorlane_windows_test name)
+  add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 ${ARGN})
+  set_tests_properties(${name} PROPERTIES PASS_REGULAR_EXPRESSION "\\[  PASSED  \\] [1-9][0-9]* tests?\\."
+    FAIL_REGULAR_EXPRESSION "\\[  FAILED  \\]" TIMEOUT 300)
+endfunction()
+
+# The Win32 front end's windows, driven in their own process.
+file(GLOB VORLANE_WIN32_TESTS CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/win32/*.cpp)
+add_executable(win32_tests ${VORLANE_WIN32_TESTS} ${CMAKE_CURRENT_SOURCE_DIR}/support/files.cpp)
+target_include_directories(win32_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(win32_tests PRIVATE vorlane_win32 gtest gtest_main)
+target_compile_definitions(win32_tests PRIVATE VORLANE_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data")
+vorlane_windows_test(win32_tests)
