@@ -28,3 +28,9 @@ target_link_options(vorlane PRIVATE -municode)
 target_compile_definitions(vorlane PRIVATE VORLANE_VERSION_W=L"${PROJECT_VERSION}")
 vorlane_resources(vorlane vorlane "Vorlane, an editor for the NPC script files of JA2 and UB")
 vorlane_resources(vorlane-cli vorlane-cli "Vorlane on the command line")
+
+# Pictures of the windows as the screen shows them under wine, for the README (docs/windows-*.png).
+add_executable(vorlane_screenshot tools/screenshot_win.cpp)
+target_link_libraries(vorlane_screenshot PRIVATE vorlane_win32)
+target_include_directories(vorlane_screenshot PRIVATE tools)
+target_link_options(vorlane_screenshot PRIVATE -municode)

@@ -151,7 +151,7 @@ void Disk_Files::Write_In_Place(const fs::path& target, const std::vector<std::u
     throw Run_Time_Error("can't finish");
 }
 
-void Disk_Files::Write(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+void Disk_Files::Write(const std::string& path, const std::vector<std::uint8_t>& bytes, unsigned) {
   if (path.empty()) Fail("no name", path);
   fs::path target = text::Path(path);
   // Write through a link to the file it names, so that the link stays a link.

@@ -62,12 +62,23 @@ void App::Follow(std::unique_ptr<Window_View>& view, Form_Window* form) {
 }
 
 void App::Sync() {
-  // The main window first: it is enabled again before a window it owns goes away.
-  if (main_) main_->Render();
-  Follow(edit_, model_.Edit.get());
-  Follow(about_, model_.About.get());
-  if (edit_) edit_->Render();
-  if (about_) about_->Render();
+  // Making a window or giving a control the focus sends messages that are input of their own
+  // (a control that took the focus): their turn comes once this round is over.
+  if (syncing_) {
+    resync_ = true;
+    return;
+  }
+  syncing_ = true;
+  do {
+    resync_ = false;
+    // The main window first: it is enabled again before a window it owns goes away.
+    if (main_) main_->Render();
+    Follow(edit_, model_.Edit.get());
+    Follow(about_, model_.About.get());
+    if (edit_) edit_->Render();
+    if (about_) about_->Render();
+  } while (resync_);
+  syncing_ = false;
   if ((model_.Unloaded || model_.Ended) && !quitting_) {
     quitting_ = true;
     if (main_) ShowWindow(main_->Handle(), SW_HIDE);

@@ -61,6 +61,7 @@ class App : public Input_Sink {
   // Windows whose object is gone: destroyed once the event that closed them is over.
   std::vector<std::unique_ptr<Window_View>> gone_;
   bool quitting_ = false;
+  bool syncing_ = false, resync_ = false;
 };
 
 }  // namespace win32

@@ -15,7 +15,7 @@ namespace {
 
 // Controls and menu items are numbered by their row; the numbers below are the system's own.
 constexpr WORD First_Id = 1000;
-constexpr UINT Status_Simple_Part = 255;
+constexpr UINT Status_Part = 0;  // a status bar of one part: a panel of its own
 
 const wchar_t* const Window_Class = L"Vorlane.Window";
 
@@ -38,8 +38,8 @@ COLORREF Colour_Ref(std::int32_t value) {
 // The window's frame and buttons by its styles.
 DWORD Style_Of(unsigned styles) {
   using namespace window_style;
-  if (styles & No_Border) return WS_POPUP | WS_CLIPCHILDREN;
-  DWORD style = (styles & Owned ? WS_POPUP : WS_OVERLAPPED) | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  if (styles & No_Border) return WS_POPUP;
+  DWORD style = (styles & Owned ? WS_POPUP : WS_OVERLAPPED) | WS_CAPTION | WS_SYSMENU;
   if (styles & Minimize_Button) style |= WS_MINIMIZEBOX;
   if (!(styles & Fixed_Border)) style |= WS_THICKFRAME;
   return style;
@@ -155,7 +155,7 @@ Window_View::Window_View(Input_Sink& sink, Form_Window& form, HWND owner, const 
                          CW_USEDEFAULT, CW_USEDEFAULT, 100, 100, owner, menu_, GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(top_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetWindowLongPtrW(top_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Window_Proc));
-  dpi_ = static_cast<int>(GetDpiForWindow(top_));
+  if (const UINT dpi = GetDpiForWindow(top_)) dpi_ = static_cast<int>(dpi);
   tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
                           top_, nullptr, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, 600);
@@ -223,9 +223,11 @@ void Window_View::Build_Controls() {
     rows_[hwnd] = i;
     SetWindowSubclass(hwnd, Control_Proc, 1, reinterpret_cast<DWORD_PTR>(this));
     switch (row.Kind) {
-      case Control_Kind::Status_Panel:
-        SendMessageW(hwnd, SB_SIMPLE, TRUE, 0);
+      case Control_Kind::Status_Panel: {
+        int whole = -1;
+        SendMessageW(hwnd, SB_SETPARTS, 1, reinterpret_cast<LPARAM>(&whole));
         break;
+      }
       case Control_Kind::Slider:
         SendMessageW(hwnd, TBM_SETRANGE, FALSE, MAKELPARAM(row.Min, row.Max));
         SendMessageW(hwnd, TBM_SETLINESIZE, 0, row.Small_Change);
@@ -251,15 +253,16 @@ void Window_View::Stack() {
   // Windows keeps one order of siblings for both stacking and the focus: the controls that take
   // the focus lie above the others in the order of their tab indexes, a lower z-order lies
   // below, a later control over an earlier one, and a frame, which is no container here, below
-  // everything it frames.
+  // everything it frames, a frame within a larger one included.
   const std::span<const Control> rows = controls::Of(name_);
   std::vector<std::size_t> order;
   for (std::size_t i = 1; i < rows.size(); ++i)
     if (widgets_[i]) order.push_back(i);
   const auto key = [&](std::size_t i) {
     const Control& row = rows[i];
+    if (row.Kind == Control_Kind::Frame) return std::tuple(1, row.Place.Width * row.Place.Height, 0, 0);
     const int order = row.Tab_Index < 0 ? -static_cast<int>(i) : row.Tab_Index;
-    return std::tuple(row.Kind == Control_Kind::Frame ? 1 : 0, -row.Z_Order, row.Tab_Index < 0 ? 1 : 0, order);
+    return std::tuple(0, -row.Z_Order, row.Tab_Index < 0 ? 1 : 0, order);
   };
   std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return key(a) < key(b); });
   for (std::size_t i : order) SetWindowPos(widgets_[i], HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -380,7 +383,7 @@ void Window_View::Set(std::size_t i, const Model& model, const Shown& shown, uns
       break;
     case Control_Kind::Status_Panel:
       if (what & changed::Text)
-        SendMessageW(hwnd, SB_SETTEXTW, Status_Simple_Part, reinterpret_cast<LPARAM>(W(shown.Text).c_str()));
+        SendMessageW(hwnd, SB_SETTEXTW, Status_Part, reinterpret_cast<LPARAM>(W(shown.Text).c_str()));
       if (what & changed::Tip) tip();
       break;
     case Control_Kind::Image:

@@ -1,9 +1,11 @@
 #include "support/files.h"
 
+#ifndef _WIN32
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+#endif
 
 #include <algorithm>
 
@@ -11,6 +13,7 @@
 #include <iterator>
 #include <random>
 #include "system/failure.h"
+#include "system/text.h"
 
 namespace fs = std::filesystem;
 
@@ -26,9 +29,11 @@ Temp_Folder::~Temp_Folder() {
   fs::remove_all(root_, ec);
 }
 
+std::string Temp_Folder::Path(const std::string& name) const { return text::Text(root_ / text::Path(name)); }
+
 std::string Temp_Folder::Write(const std::string& name, const Bytes& bytes) const {
   const std::string path = Path(name);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  std::ofstream out(text::Path(path), std::ios::binary | std::ios::trunc);
   out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   return path;
 }
@@ -41,7 +46,7 @@ std::vector<std::string> Temp_Folder::Names() const {
 }
 
 Bytes Read_File(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(text::Path(path), std::ios::binary);
   return Bytes(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
@@ -76,11 +81,12 @@ void Put_Record(Bytes& file, bool buka, int k, const Bytes& record) {
             file.begin() + static_cast<std::ptrdiff_t>(offset));
 }
 
-void Failing_Disk::Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) {
+void Failing_Disk::Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size) {
   Disk_Files::Write_Chunk(fd, data, size / 2);
   throw Run_Time_Error("disk full");
 }
 
+#ifndef _WIN32
 Folder_Without_New_Files::Folder_Without_New_Files(const std::string& path)
     : path_(path), fd_(::open(path.c_str(), O_RDONLY | O_DIRECTORY)) {
   int flags = 0;
@@ -101,3 +107,4 @@ Folder_Without_New_Files::~Folder_Without_New_Files() {
   std::filesystem::permissions(path_, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
   ::close(fd_);
 }
+#endif

@@ -18,7 +18,7 @@ class Temp_Folder {
   Temp_Folder(const Temp_Folder&) = delete;
   Temp_Folder& operator=(const Temp_Folder&) = delete;
 
-  std::string Path(const std::string& name) const { return (root_ / name).string(); }
+  std::string Path(const std::string& name) const;
   std::string Write(const std::string& name, const Bytes& bytes) const;
   // The names of the entries in the folder, sorted.
   std::vector<std::string> Names() const;
@@ -42,7 +42,7 @@ void Put_Record(Bytes& file, bool buka, int k, const Bytes& record);
 // The real disk, except that writing a file fails half way through its bytes.
 class Failing_Disk : public Disk_Files {
  protected:
-  void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override;
+  void Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size) override;
 };
 
 // While it lives, the folder takes no new file: it is immutable, or, where that can't be had, it
