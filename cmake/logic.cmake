@@ -73,3 +73,17 @@ constexpr std::uint8_t Picture[] = {
 std::span<const std::uint8_t> About_Picture() { return Picture; }
 ")
 list(APPEND VORLANE_LOGIC_SOURCES "${CMAKE_CURRENT_BINARY_DIR}/generated/about_picture.cpp")
+
+# The control table is the text src/form/controls.txt, compiled in as it stands.
+set(controls_text "${VORLANE_ROOT}/src/form/controls.txt")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${controls_text}")
+file(READ "${controls_text}" controls_content)
+file(CONFIGURE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/generated/controls_text.cpp" @ONLY CONTENT
+"// The text of src/form/controls.txt, written by the build.
+#include \"form/control_table.h\"
+
+std::string_view Controls_Text() {
+  return R\"controls(@controls_content@)controls\";
+}
+")
+list(APPEND VORLANE_LOGIC_SOURCES "${CMAKE_CURRENT_BINARY_DIR}/generated/controls_text.cpp")

@@ -1,316 +1,173 @@
 #include "form/control_table.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace {
 
-// The font of every window, and the bold one of the main window's explanation.
-constexpr Control_Font Window_Font{"MS Sans Serif", 825, 400, 0};
-constexpr Control_Font Bold_Cyrillic{"MS Sans Serif", 825, 700, 204};
+// The table itself is data, src/form/controls.txt, compiled in by the build.
+std::string_view Text() { return Controls_Text(); }
 
-// Left and width of each byte cell; all have top 950 and height 200. The cells of a two-byte
-// field touch, and stand apart from the next field.
-constexpr std::array<std::array<std::int32_t, 2>, 32> Cells{{
-    {180, 260},  {440, 200},  {720, 260},  {980, 200},  {1260, 260}, {1520, 200}, {1800, 260}, {2060, 200},
-    {2340, 200}, {2610, 200}, {2880, 200}, {3150, 200}, {3420, 200}, {3690, 200}, {3960, 200}, {4230, 200},
-    {4500, 200}, {4770, 200}, {5040, 200}, {5310, 200}, {5580, 260}, {5840, 200}, {6120, 260}, {6380, 200},
-    {6660, 260}, {6920, 200}, {7200, 260}, {7450, 200}, {7740, 260}, {8000, 260}, {8240, 260}, {8480, 200},
-}};
+[[noreturn]] void Wrong(int line, const std::string& what) {
+  throw std::logic_error("control table, line " + std::to_string(line) + ": " + what);
+}
 
-using window::Main;
-
-std::vector<Control> Make_Main() {
-  static const auto names = [] {
-    std::array<std::pair<std::string, std::string>, 32> texts;
-    for (int n = 1; n <= 32; ++n) texts[n - 1] = {"L_" + std::to_string(n), "Byte " + std::to_string(n)};
-    return texts;
-  }();
-  std::vector<Control> rows{
-      {.Window = Main,
-       .Name = Main,
-       .Kind = Control_Kind::Window,
-       .Place = {0, 0, 8910, 6345},
-       .Caption = "Vorlane",
-       .Font = Window_Font,
-       .Styles = window_style::Fixed_Border | window_style::Minimize_Button | window_style::Key_Preview,
-       .Focus = "Slider"},
-      {.Window = Main,
-       .Name = "Slider",
-       .Kind = Control_Kind::Slider,
-       .Place = {-85, 0, 9100, 430},
-       .Tab_Index = 0,
-       .Accessible_Name = "Record",
-       .Min = 0,
-       .Max = 50,
-       .Small_Change = 1,
-       .Large_Change = 1},
-      {.Window = Main, .Name = "L_Info_Line", .Place = {100, 500, 7000, 250}},
-      {.Window = Main,
-       .Name = "L_NLine",
-       .Place = {6850, 500, 2000, 250},
-       .Caption = "Record #0",
-       .Alignment = Align::Right},
-      {.Window = Main,
-       .Name = "Line1",
-       .Kind = Control_Kind::Line,
-       .Place = {0, 800, 9000, 0},
-       .ForeColor = 0x00008080,
-       .Line_Width = 2},
-      {.Window = Main,
-       .Name = "Line2",
-       .Kind = Control_Kind::Line,
-       .Place = {0, 800, 9000, 0},
-       .ForeColor = colour::Window_Background},
-  };
-  for (int n = 1; n <= 32; ++n) {
-    const auto& [name, description] = names[n - 1];
-    const auto [left, width] = Cells[n - 1];
-    rows.push_back({.Window = Main,
-                    .Name = name,
-                    .Place = {left, 950, width, 200},
-                    .Alignment = Align::Center,
-                    .Accessible_Description = description});
+// The words of a line: blanks part them, except within double quotes, which are dropped.
+std::vector<std::string_view> Words(std::string_view line) {
+  std::vector<std::string_view> words;
+  std::size_t at = 0;
+  while (true) {
+    at = line.find_first_not_of(" \t", at);
+    if (at == std::string_view::npos || line[at] == '#') break;
+    std::size_t end = at;
+    bool quoted = false;
+    while (end < line.size() && (quoted || (line[end] != ' ' && line[end] != '\t'))) quoted ^= line[end++] == '"';
+    words.push_back(line.substr(at, end - at));
+    at = end;
   }
-  const std::vector<Control> rest{
-      {.Window = Main, .Name = "L_Info_User", .Place = {105, 1240, 7500, 240}, .Font = Bold_Cyrillic},
-      {.Window = Main,
-       .Name = "L_NByte",
-       .Place = {7710, 1240, 1140, 240},
-       .Caption = "Byte 0",
-       .Alignment = Align::Right},
-      {.Window = Main,
-       .Name = "Help",
-       .Place = {0, 1560, 8890, 1455},
-       .Border = true,
-       .Wrap = true,
-       .BackColor = colour::Light_3D},
-      // ComExit lies under List, whose rectangle covers it: never seen, pressed by Esc.
-      {.Window = Main,
-       .Name = "ComExit",
-       .Kind = Control_Kind::Button,
-       .Place = {120, 5640, 195, 195},
-       .Tab_Index = 5,
-       .Cancel = true,
-       .Accessible_Name = "Exit",
-       .Z_Order = -1},
-      {.Window = Main,
-       .Name = "List",
-       .Kind = Control_Kind::List_Box,
-       .Place = {0, 3010, 4500, 2985},
-       .BackColor = colour::Light_3D,
-       .Tab_Index = 1,
-       .Accessible_Name = "List"},
-      {.Window = Main,
-       .Name = "L_Edt",
-       .Place = {4500, 3015, 4395, 2625},
-       .Border = true,
-       .Wrap = true,
-       .BackColor = colour::Light_3D},
-      {.Window = Main,
-       .Name = "Check",
-       .Kind = Control_Kind::Check_Box,
-       .Place = {4560, 5700, 250, 250},
-       .BackColor = colour::Active_Border,
-       .Tab_Index = 2,
-       .Enabled = false,
-       .Accessible_Name = "Show NPC speech dialogs"},
-      {.Window = Main, .Name = "L_Fix", .Place = {4800, 5730, 1995, 255}, .Caption = "Show NPC speech dialogs"},
-      {.Window = Main, .Name = "L_Fix_1", .Place = {7560, 5730, 345, 255}, .Caption = "№_"},
-      {.Window = Main, .Name = "L_Message", .Place = {7800, 5730, 405, 255}, .Caption = "0"},
-      {.Window = Main,
-       .Name = "Com1",
-       .Kind = Control_Kind::Button,
-       .Place = {8020, 5680, 370, 300},
-       .Caption = "<<",
-       .Tab_Index = 3,
-       .Enabled = false,
-       .Accessible_Description = "Previous message"},
-      {.Window = Main,
-       .Name = "Com2",
-       .Kind = Control_Kind::Button,
-       .Place = {8480, 5680, 370, 300},
-       .Caption = ">>",
-       .Tab_Index = 4,
-       .Enabled = false,
-       .Accessible_Description = "Next message"},
-      {.Window = Main, .Name = "SBar_1", .Kind = Control_Kind::Status_Panel, .Place = {0, 5990, 900, 360}},
-      {.Window = Main, .Name = "SBar_2", .Kind = Control_Kind::Status_Panel, .Place = {900, 5990, 5600, 360}},
-      {.Window = Main, .Name = "SBar_3", .Kind = Control_Kind::Status_Panel, .Place = {6500, 5990, 2415, 360}},
-      {.Window = Main,
-       .Name = "Txt_Free",
-       .Kind = Control_Kind::Text_Box,
-       .Place = {480, 480, 150, 285},
-       .Visible = false},
-  };
-  rows.insert(rows.end(), rest.begin(), rest.end());
+  return words;
+}
 
-  // The menus, in menu order. The seven lists carry Ctrl with the function keys in an unbroken
-  // rising run, from Ctrl+F1. The captions of nNext and nBack are set at start-up.
-  struct Item {
-    std::string_view Name, Parent, Caption, Shortcut;
-    bool Enabled = true;
+std::string_view Unquoted(std::string_view value) {
+  if (value.size() >= 2 && value.front() == '"' && value.back() == '"') return value.substr(1, value.size() - 2);
+  return value;
+}
+
+// A whole number, in decimal or, behind 0x, in hex; nothing where the text is no number.
+std::optional<std::int64_t> Number(std::string_view text) {
+  const bool hex = text.starts_with("0x");
+  if (hex) text.remove_prefix(2);
+  std::int64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, hex ? 16 : 10);
+  if (error != std::errc() || end != text.data() + text.size() || text.empty()) return std::nullopt;
+  return value;
+}
+
+// Numbers parted by a sign: "450,300,4950,4875" by ',' or "0-50" by '-'.
+std::vector<std::int64_t> Numbers(std::string_view text, char sign, int line) {
+  std::vector<std::int64_t> numbers;
+  for (std::size_t at = 0; at <= text.size();) {
+    const std::size_t end = std::min(text.find(sign, at), text.size());
+    const auto number = Number(text.substr(at, end - at));
+    if (!number) Wrong(line, "no number in " + std::string(text));
+    numbers.push_back(*number);
+    at = end + 1;
+  }
+  return numbers;
+}
+
+Control_Kind Kind_Named(std::string_view name, int line) {
+  static const std::pair<std::string_view, Control_Kind> kinds[] = {
+      {"window", Control_Kind::Window}, {"label", Control_Kind::Label},   {"button", Control_Kind::Button},
+      {"option", Control_Kind::Option_Button}, {"check", Control_Kind::Check_Box}, {"text", Control_Kind::Text_Box},
+      {"list", Control_Kind::List_Box}, {"slider", Control_Kind::Slider}, {"panel", Control_Kind::Status_Panel},
+      {"frame", Control_Kind::Frame},   {"line", Control_Kind::Line},     {"image", Control_Kind::Image},
+      {"menu", Control_Kind::Menu_Item}};
+  for (const auto& [word, kind] : kinds)
+    if (word == name) return kind;
+  Wrong(line, "no kind " + std::string(name));
+}
+
+unsigned Styles_Named(std::string_view names, int line) {
+  static const std::pair<std::string_view, unsigned> styles[] = {
+      {"fixed", window_style::Fixed_Border}, {"minimize", window_style::Minimize_Button},
+      {"borderless", window_style::No_Border}, {"topmost", window_style::Topmost},
+      {"owned", window_style::Owned},          {"keypreview", window_style::Key_Preview}};
+  unsigned bits = 0;
+  for (std::size_t at = 0; at <= names.size();) {
+    const std::size_t end = std::min(names.find(',', at), names.size());
+    const std::string_view name = names.substr(at, end - at);
+    const auto found = std::find_if(std::begin(styles), std::end(styles), [&](const auto& s) { return s.first == name; });
+    if (found == std::end(styles)) Wrong(line, "no style " + std::string(name));
+    bits |= found->second;
+    at = end + 1;
+  }
+  return bits;
+}
+
+// One key=value (or a key alone) of a control's line.
+void Apply(Control& c, std::string_view key, std::string_view value, int line) {
+  const auto number = [&] {
+    const auto n = Number(value);
+    if (!n) Wrong(line, std::string(key) + " takes a number");
+    return static_cast<std::int32_t>(*n);
   };
-  constexpr Item menus[] = {
-      {"nFile", "", "&File", ""},
-      {"nOpen", "nFile", "Open...", "Ctrl+O"},
-      {"nNew", "nFile", "New", "Ctrl+N"},
-      {"nSave", "nFile", "Save", "Ctrl+S", false},
-      {"nSaveas", "nFile", "Save as", "Ctrl+L", false},
-      {"n1", "nFile", "-", ""},
-      {"nExit", "nFile", "Exit", "Ctrl+X"},
-      {"nView", "", "&View", ""},
-      {"nKey_2", "nView", "Show Action codes", "Ctrl+F1"},
-      {"nKey_1", "nView", "Show Input codes", "Ctrl+F2"},
-      {"nItem", "nView", "Show Items", "Ctrl+F3"},
-      {"nNPC_Names", "nView", "Show NPC Names", "Ctrl+F4"},
-      {"nQests", "nView", "Show Quests(give)", "Ctrl+F5"},
-      {"nQuests", "nView", "Show Quests(take)", "Ctrl+F6"},
-      {"nTrigers", "nView", "Show Trigers", "Ctrl+F7"},
-      {"nTools", "", "&Tools", ""},
-      {"nEdit", "nTools", "Edit", "Ctrl+E", false},
-      {"nType", "nTools", "Type", ""},
-      {"nCurrent", "nType", "Current", "F1"},
-      {"nChaing", "nType", "Change", "F2"},
-      {"nRecord", "", "&Record", ""},
-      {"nNext", "nRecord", "", ""},
-      {"nBack", "nRecord", "", ""},
-      {"nAbout", "", "&About", ""},
-  };
-  for (const Item& item : menus)
-    rows.push_back({.Window = Main,
-                    .Name = item.Name,
-                    .Kind = Control_Kind::Menu_Item,
-                    .Parent = item.Parent,
-                    .Caption = item.Caption,
-                    .Enabled = item.Enabled,
-                    .Shortcut = item.Shortcut});
+  if (key == "parent") c.Parent = value;
+  else if (key == "caption") c.Caption = value;
+  else if (key == "align") c.Alignment = value == "right" ? Align::Right : value == "center" ? Align::Center : Align::Left;
+  else if (key == "border") c.Border = true;
+  else if (key == "wrap") c.Wrap = true;
+  else if (key == "font") c.Font.Face = value;
+  else if (key == "size") c.Font.Size_Hundredths = number();
+  else if (key == "weight") c.Font.Weight = number();
+  else if (key == "charset") c.Font.Charset = number();
+  else if (key == "back") c.BackColor = number();
+  else if (key == "fore") c.ForeColor = number();
+  else if (key == "line") c.Line_Width = number();
+  else if (key == "tab") c.Tab_Index = number();
+  else if (key == "cancel") c.Cancel = true;
+  else if (key == "default") c.Default = true;
+  else if (key == "hidden") c.Visible = false;
+  else if (key == "disabled") c.Enabled = false;
+  else if (key == "locked") c.Locked = true;
+  else if (key == "name") c.Accessible_Name = value;
+  else if (key == "description") c.Accessible_Description = value;
+  else if (key == "z") c.Z_Order = number();
+  else if (key == "keys") c.Shortcut = value;
+  else if (key == "focus") c.Focus = value;
+  else if (key == "styles") c.Styles = Styles_Named(value, line);
+  else if (key == "range" || key == "step") {
+    const auto pair = Numbers(value, key == "range" ? '-' : ',', line);
+    if (pair.size() != 2) Wrong(line, std::string(key) + " takes two numbers");
+    (key == "range" ? c.Min : c.Small_Change) = static_cast<int>(pair[0]);
+    (key == "range" ? c.Max : c.Large_Change) = static_cast<int>(pair[1]);
+  } else if (key == "ellipse") {
+    const auto r = Numbers(value, ',', line);
+    if (r.size() != 4) Wrong(line, "an ellipse takes four numbers");
+    c.Ellipse = {static_cast<std::int32_t>(r[0]), static_cast<std::int32_t>(r[1]), static_cast<std::int32_t>(r[2]),
+                 static_cast<std::int32_t>(r[3])};
+  } else {
+    Wrong(line, "no key " + std::string(key));
+  }
+}
+
+std::vector<Control> Parse(std::string_view text) {
+  std::vector<Control> rows;
+  int line = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    const std::vector<std::string_view> words = Words(text.substr(at, end - at));
+    at = end + 1;
+    ++line;
+    if (words.empty()) continue;
+    if (words.size() < 7) Wrong(line, "a control needs its window, name, kind and rectangle");
+    Control c{.Window = words[0], .Name = words[1], .Kind = Kind_Named(words[2], line)};
+    std::array<std::int32_t, 4> place{};
+    for (std::size_t i = 0; i < 4; ++i) {
+      const auto n = Number(words[3 + i]);
+      if (!n) Wrong(line, "the rectangle takes four numbers");
+      place[i] = static_cast<std::int32_t>(*n);
+    }
+    c.Place = {place[0], place[1], place[2], place[3]};
+    for (std::size_t i = 7; i < words.size(); ++i) {
+      const std::size_t equals = words[i].find('=');
+      const std::string_view key = words[i].substr(0, equals);
+      Apply(c, key, equals == std::string_view::npos ? std::string_view() : Unquoted(words[i].substr(equals + 1)), line);
+    }
+    rows.push_back(c);
+  }
   return rows;
 }
 
-std::vector<Control> Make_Edit() {
-  using window::Edit;
-  return {
-      {.Window = Edit,
-       .Name = Edit,
-       .Kind = Control_Kind::Window,
-       .Place = {0, 0, 4185, 3285},
-       .Font = Window_Font,
-       .Styles = window_style::Fixed_Border | window_style::Owned,
-       .Focus = "Txt_1"},
-      {.Window = Edit,
-       .Name = "F_1",
-       .Kind = Control_Kind::Frame,
-       .Place = {120, 0, 3975, 2775},
-       .Caption = "Select byte",
-       .Tab_Index = 4,
-       .Z_Order = -1},
-      {.Window = Edit,
-       .Name = "List",
-       .Kind = Control_Kind::List_Box,
-       .Place = {240, 240, 1215, 2400},
-       .BackColor = colour::Window_Background,
-       .Tab_Index = 1,
-       .Accessible_Name = "Select byte"},
-      {.Window = Edit,
-       .Name = "F_2",
-       .Kind = Control_Kind::Frame,
-       .Parent = "F_1",
-       .Place = {1440, 120, 2415, 735},
-       .Caption = "Current",
-       .Tab_Index = 10},
-      {.Window = Edit, .Name = "L_1", .Parent = "F_2", .Place = {120, 360, 375, 255}, .Caption = "Hex"},
-      {.Window = Edit, .Name = "L_H", .Parent = "F_2", .Place = {480, 360, 615, 255}},
-      {.Window = Edit, .Name = "L_2", .Parent = "F_2", .Place = {1200, 360, 375, 255}, .Caption = "Dec"},
-      {.Window = Edit, .Name = "L_D", .Parent = "F_2", .Place = {1560, 360, 735, 255}},
-      {.Window = Edit,
-       .Name = "F_3",
-       .Kind = Control_Kind::Frame,
-       .Place = {1560, 960, 2415, 1695},
-       .Caption = "Encode number as",
-       .Tab_Index = 8,
-       .Z_Order = -2},
-      {.Window = Edit,
-       .Name = "Txt_1",
-       .Kind = Control_Kind::Text_Box,
-       .Place = {1680, 1320, 975, 285},
-       .BackColor = colour::Window_Background,
-       .ForeColor = colour::Window_Text,
-       .Tab_Index = 0,
-       .Accessible_Name = "Number"},
-      {.Window = Edit,
-       .Name = "Txt_4",
-       .Kind = Control_Kind::Text_Box,
-       .Place = {2880, 1320, 975, 285},
-       .BackColor = colour::Light_3D,
-       .ForeColor = colour::Window_Text,
-       .Tab_Index = 5,
-       .Locked = true,
-       .Accessible_Name = "Encoded"},
-      {.Window = Edit,
-       .Name = "O_2",
-       .Kind = Control_Kind::Option_Button,
-       .Place = {1680, 1920, 2175, 195},
-       .Caption = "&Word (Max. 65535)",
-       .Tab_Index = 7},
-      {.Window = Edit,
-       .Name = "O_1",
-       .Kind = Control_Kind::Option_Button,
-       .Place = {1680, 2280, 1335, 255},
-       .Caption = "&Byte (255)",
-       .Tab_Index = 6},
-      {.Window = Edit,
-       .Name = "ComApply",
-       .Kind = Control_Kind::Button,
-       .Place = {3000, 2280, 855, 315},
-       .Caption = "&Overwrite",
-       .Tab_Index = 9},
-      {.Window = Edit,
-       .Name = "ComOK",
-       .Kind = Control_Kind::Button,
-       .Place = {360, 2880, 1215, 315},
-       .Caption = "&Apply",
-       .Tab_Index = 2},
-      {.Window = Edit,
-       .Name = "ComCl",
-       .Kind = Control_Kind::Button,
-       .Place = {2520, 2880, 1215, 315},
-       .Caption = "Cancel",
-       .Tab_Index = 3,
-       .Cancel = true},
-  };
-}
-
-std::vector<Control> Make_About() {
-  using window::About;
-  return {
-      {.Window = About,
-       .Name = About,
-       .Kind = Control_Kind::Window,
-       .Place = {0, 0, 6255, 5355},
-       .Font = Window_Font,
-       .Styles = window_style::No_Border | window_style::Topmost | window_style::Owned,
-       // The ellipse of 330 by 325 pixels from (30, 20), at 15 twips a pixel: it lies within the
-       // picture, so only the picture is seen, and of it its ring.
-       .Ellipse = {450, 300, 4950, 4875},
-       .Focus = About},
-      {.Window = About,
-       .Name = "Img1",
-       .Kind = Control_Kind::Image,
-       .Place = {360, 120, 5115, 5145},
-       .Accessible_Name = "Vorlane"},
-  };
-}
-
 const std::vector<Control>& Table() {
-  static const std::vector<Control> table = [] {
-    std::vector<Control> all = Make_Main();
-    for (const auto& more : {Make_Edit(), Make_About()}) all.insert(all.end(), more.begin(), more.end());
-    return all;
-  }();
+  static const std::vector<Control> table = Parse(Text());
   return table;
 }
 

@@ -87,6 +87,9 @@ struct Control {
   std::string_view Focus{};  // a window row: the control that has the focus at start (the window itself: its name)
 };
 
+// The text of the table, src/form/controls.txt, as the build compiles it in.
+std::string_view Controls_Text();
+
 namespace controls {
 
 // Every row: for each window its window row first, then its controls in the order they are made.

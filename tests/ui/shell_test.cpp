@@ -47,3 +47,37 @@ TEST_F(Shell, ToolTipsOfTheExplanationAndTheFileName) {
 }
 
 }  // namespace
+
+namespace {
+
+// Every route names a control of its window, and every menu item, button and box that the user
+// can press has a handler: nothing on screen is dead, no handler waits for a control that isn't.
+TEST(Routes, EveryRouteHasItsControlAndEveryPressableControlItsRoute) {
+  for (const Route& route : Routes())
+    EXPECT_NE(controls::Find(route.Window, route.Control), nullptr) << route.Window << " " << route.Control;
+  for (const Control& row : controls::All()) {
+    const bool pressable = row.Kind == Control_Kind::Button || row.Kind == Control_Kind::Check_Box ||
+                           row.Kind == Control_Kind::Option_Button ||
+                           (row.Kind == Control_Kind::Menu_Item && !controls::Has_Submenu(row) && row.Caption != "-");
+    if (pressable) EXPECT_NE(Find_Route(Routes(), row.Window, row.Name, Event::Click), nullptr) << row.Name;
+  }
+}
+
+// A window that is disabled takes no input of the user: while Edit is open the main window's
+// slider, cells, keys and menus do nothing.
+TEST_F(Shell, ADisabledWindowTakesNoInput) {
+  Open_Bytes("075.npc", Standard_File());
+  Input_Value(window, window::Main, "Slider", 3);
+  Raise(window, window::Main, "nEdit", Event::Click);
+  ASSERT_TRUE(window.Edit && !window.Enabled);
+  Input_Value(window, window::Main, "Slider", 7);
+  Mouse_Move(window, window::Main, "L_9", false);
+  Mouse_Up(window, window::Main, "L_9", true);
+  Key_Up(window, window::Main, 107);
+  EXPECT_EQ(std::tuple(window.Slider.Value, window.L_NByte.Caption, window.L(9).BackColor),
+            std::tuple(3, "Byte 0", colour::Button_Face));
+  EXPECT_FALSE(Key_Down(window, window::Edit, "Txt_1", 'x'));  // the editor takes its keys
+  EXPECT_TRUE(Key_Down(window, window::Edit, "Txt_1", '7'));
+}
+
+}  // namespace
