@@ -34,3 +34,9 @@ add_executable(vorlane_screenshot tools/screenshot_win.cpp)
 target_link_libraries(vorlane_screenshot PRIVATE vorlane_win32)
 target_include_directories(vorlane_screenshot PRIVATE tools)
 target_link_options(vorlane_screenshot PRIVATE -municode)
+
+# The start-up comparison with a bare Win32 window under the same wine (scripts/bench).
+add_executable(bare_window_win WIN32 bench/bare_window_win.cpp)
+target_link_options(bare_window_win PRIVATE -municode)
+add_executable(startup_win bench/startup_win.cpp)
+target_link_options(startup_win PRIVATE -municode)

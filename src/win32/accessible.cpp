@@ -3,7 +3,9 @@
 #include <initguid.h>
 #include <oleacc.h>
 
+#include <map>
 #include <string>
+#include <utility>
 
 #include "system/text_win.h"
 
@@ -11,35 +13,53 @@ namespace win32 {
 namespace {
 
 // The system's service that annotates a window's accessible object; nullptr where there is none.
-IAccPropServices* Services() {
-  static IAccPropServices* services = [] {
-    IAccPropServices* made = nullptr;
-    if (CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
-                         reinterpret_cast<void**>(&made)) != S_OK)
-      return static_cast<IAccPropServices*>(nullptr);
-    return made;
-  }();
-  return services;
+// It is a COM object, made only once the windows are on the screen: until then the annotations
+// wait here, so that showing the windows doesn't wait for it.
+struct Annotations {
+  bool started = false;
+  IAccPropServices* services = nullptr;
+  std::map<std::pair<HWND, bool>, std::string> waiting;  // (control, is a name) -> text
+};
+
+Annotations& State() {
+  static Annotations state;
+  return state;
 }
 
-void Annotate(HWND control, const MSAAPROPID& property, std::string_view text) {
-  IAccPropServices* services = Services();
-  if (!services) return;
-  if (text.empty()) {
-    MSAAPROPID properties[] = {property};
-    services->ClearHwndProps(control, OBJID_CLIENT, CHILDID_SELF, properties, 1);
+void Annotate(HWND control, bool name, std::string_view text) {
+  Annotations& state = State();
+  if (!state.started) {
+    state.waiting[{control, name}] = std::string(text);
     return;
   }
-  std::wstring wide = text::Wide(text);
-  services->SetHwndPropStr(control, OBJID_CLIENT, CHILDID_SELF, property, wide.c_str());
+  if (!state.services) return;
+  const MSAAPROPID property = name ? PROPID_ACC_NAME : PROPID_ACC_DESCRIPTION;
+  if (text.empty()) {
+    MSAAPROPID properties[] = {property};
+    state.services->ClearHwndProps(control, OBJID_CLIENT, CHILDID_SELF, properties, 1);
+    return;
+  }
+  const std::wstring wide = text::Wide(text);
+  state.services->SetHwndPropStr(control, OBJID_CLIENT, CHILDID_SELF, property, wide.c_str());
 }
 
 }  // namespace
 
-void Set_Accessible_Name(HWND control, std::string_view name) { Annotate(control, PROPID_ACC_NAME, name); }
+void Set_Accessible_Name(HWND control, std::string_view name) { Annotate(control, true, name); }
 
 void Set_Accessible_Description(HWND control, std::string_view description) {
-  Annotate(control, PROPID_ACC_DESCRIPTION, description);
+  Annotate(control, false, description);
+}
+
+void Start_Accessible_Annotations() {
+  Annotations& state = State();
+  if (state.started) return;
+  state.started = true;
+  if (CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                       reinterpret_cast<void**>(&state.services)) != S_OK)
+    state.services = nullptr;
+  for (const auto& [key, text] : std::exchange(state.waiting, {}))
+    if (IsWindow(key.first)) Annotate(key.first, key.second, text);
 }
 
 }  // namespace win32

@@ -10,5 +10,7 @@ namespace win32 {
 
 void Set_Accessible_Name(HWND control, std::string_view name);
 void Set_Accessible_Description(HWND control, std::string_view description);
+// Makes the annotations that waited until the windows were up, and from now on each at once.
+void Start_Accessible_Annotations();
 
 }  // namespace win32

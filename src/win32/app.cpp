@@ -3,6 +3,7 @@
 #include "form/about_form.h"
 #include "form/edit_form.h"
 #include "ui/events.h"
+#include "win32/accessible.h"
 
 namespace win32 {
 
@@ -30,6 +31,12 @@ void App::Start() {
   SetWindowPos(main_->Handle(), nullptr, To_Pixels(model_.Left, main_->Dpi()), To_Pixels(model_.Top, main_->Dpi()), 0,
                0, SWP_NOSIZE | SWP_NOZORDER);
   main_->Show();
+  // What assistive technology reads beside the controls' own texts comes once the window is up
+  // and waits for input: a timer fires only then.
+  SetTimer(nullptr, 0, 0, [](HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    Start_Accessible_Annotations();
+  });
 }
 
 void App::Input(const std::function<void(Vorlane&)>& input) {

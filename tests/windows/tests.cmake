@@ -18,3 +18,8 @@ target_include_directories(win32_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(win32_tests PRIVATE vorlane_win32 gtest gtest_main)
 target_compile_definitions(win32_tests PRIVATE VORLANE_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data")
 vorlane_windows_test(win32_tests)
+# The same at 150 %: every size in twips becomes pixels at 144 dots per inch.
+add_test(NAME win32_tests_144dpi COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/windows/at_dpi.sh 144
+  $<TARGET_FILE:win32_tests> --gtest_brief=1)
+set_tests_properties(win32_tests_144dpi PROPERTIES PASS_REGULAR_EXPRESSION "\\[  PASSED  \\] [1-9][0-9]* tests?\\."
+  FAIL_REGULAR_EXPRESSION "\\[  FAILED  \\]" TIMEOUT 300 RUN_SERIAL TRUE)
