@@ -15,8 +15,9 @@ namespace {
 // The table itself is data, src/form/controls.txt, compiled in by the build.
 std::string_view Text() { return Controls_Text(); }
 
-[[noreturn]] void Wrong(int line, const std::string& what) {
-  throw std::logic_error("control table, line " + std::to_string(line) + ": " + what);
+// A line the table can't be read from: the program can't make its windows.
+[[noreturn]] void Wrong(int line, std::string_view what) {
+  throw std::logic_error("control table, line " + std::to_string(line) + ": can't read " + std::string(what));
 }
 
 // The words of a line: blanks part them, except within double quotes, which are dropped.
@@ -56,7 +57,7 @@ std::vector<std::int64_t> Numbers(std::string_view text, char sign, int line) {
   for (std::size_t at = 0; at <= text.size();) {
     const std::size_t end = std::min(text.find(sign, at), text.size());
     const auto number = Number(text.substr(at, end - at));
-    if (!number) Wrong(line, "no number in " + std::string(text));
+    if (!number) Wrong(line, text);
     numbers.push_back(*number);
     at = end + 1;
   }
@@ -72,7 +73,7 @@ Control_Kind Kind_Named(std::string_view name, int line) {
       {"menu", Control_Kind::Menu_Item}};
   for (const auto& [word, kind] : kinds)
     if (word == name) return kind;
-  Wrong(line, "no kind " + std::string(name));
+  Wrong(line, name);
 }
 
 unsigned Styles_Named(std::string_view names, int line) {
@@ -85,7 +86,7 @@ unsigned Styles_Named(std::string_view names, int line) {
     const std::size_t end = std::min(names.find(',', at), names.size());
     const std::string_view name = names.substr(at, end - at);
     const auto found = std::find_if(std::begin(styles), std::end(styles), [&](const auto& s) { return s.first == name; });
-    if (found == std::end(styles)) Wrong(line, "no style " + std::string(name));
+    if (found == std::end(styles)) Wrong(line, name);
     bits |= found->second;
     at = end + 1;
   }
@@ -96,7 +97,7 @@ unsigned Styles_Named(std::string_view names, int line) {
 void Apply(Control& c, std::string_view key, std::string_view value, int line) {
   const auto number = [&] {
     const auto n = Number(value);
-    if (!n) Wrong(line, std::string(key) + " takes a number");
+    if (!n) Wrong(line, value);
     return static_cast<std::int32_t>(*n);
   };
   if (key == "parent") c.Parent = value;
@@ -125,16 +126,16 @@ void Apply(Control& c, std::string_view key, std::string_view value, int line) {
   else if (key == "styles") c.Styles = Styles_Named(value, line);
   else if (key == "range" || key == "step") {
     const auto pair = Numbers(value, key == "range" ? '-' : ',', line);
-    if (pair.size() != 2) Wrong(line, std::string(key) + " takes two numbers");
+    if (pair.size() != 2) Wrong(line, value);
     (key == "range" ? c.Min : c.Small_Change) = static_cast<int>(pair[0]);
     (key == "range" ? c.Max : c.Large_Change) = static_cast<int>(pair[1]);
   } else if (key == "ellipse") {
     const auto r = Numbers(value, ',', line);
-    if (r.size() != 4) Wrong(line, "an ellipse takes four numbers");
+    if (r.size() != 4) Wrong(line, value);
     c.Ellipse = {static_cast<std::int32_t>(r[0]), static_cast<std::int32_t>(r[1]), static_cast<std::int32_t>(r[2]),
                  static_cast<std::int32_t>(r[3])};
   } else {
-    Wrong(line, "no key " + std::string(key));
+    Wrong(line, key);
   }
 }
 
@@ -147,12 +148,12 @@ std::vector<Control> Parse(std::string_view text) {
     at = end + 1;
     ++line;
     if (words.empty()) continue;
-    if (words.size() < 7) Wrong(line, "a control needs its window, name, kind and rectangle");
+    if (words.size() < 7) Wrong(line, "a control without its window, name, kind and rectangle");
     Control c{.Window = words[0], .Name = words[1], .Kind = Kind_Named(words[2], line)};
     std::array<std::int32_t, 4> place{};
     for (std::size_t i = 0; i < 4; ++i) {
       const auto n = Number(words[3 + i]);
-      if (!n) Wrong(line, "the rectangle takes four numbers");
+      if (!n) Wrong(line, words[3 + i]);
       place[i] = static_cast<std::int32_t>(*n);
     }
     c.Place = {place[0], place[1], place[2], place[3]};
@@ -218,9 +219,9 @@ Keys Shortcut_Keys(std::string_view shortcut) {
   }
   if (shortcut.size() == 1 && ((shortcut[0] >= 'A' && shortcut[0] <= 'Z') || (shortcut[0] >= '0' && shortcut[0] <= '9'))) {
     keys.Key = shortcut[0];
-  } else if (shortcut.size() >= 2 && shortcut.size() <= 3 && shortcut[0] == 'F') {
-    const int n = std::atoi(std::string(shortcut.substr(1)).c_str());
-    if (n >= 1 && n <= 24) keys.Key = 111 + n;  // F1 is 112
+  } else if (shortcut.starts_with('F')) {
+    const std::optional<std::int64_t> n = Number(shortcut.substr(1));
+    if (n && *n >= 1 && *n <= 24) keys.Key = 111 + static_cast<int>(*n);  // F1 is 112
   }
   return keys;
 }

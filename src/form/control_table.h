@@ -36,14 +36,14 @@ enum class Align { Left, Right, Center };
 struct Control_Font {
   std::string_view Face{};
   int Size_Hundredths = 0;  // points, in hundredths: 825 is 8.25 points
-  int Weight = 400;         // 700 is bold
+  int Weight = 0;           // 700 is bold; 0 the ordinary weight
   int Charset = 0;          // 204 is Cyrillic
 };
 
 // Left, top, width and height in twips, within the parent's client area. A line runs from
 // (Left, Top) to (Left + Width, Top + Height).
 struct Rect {
-  std::int32_t Left = 0, Top = 0, Width = 0, Height = 0;
+  std::int32_t Left, Top, Width, Height;
 };
 
 // The styles of a window row.

@@ -274,7 +274,7 @@ HFONT Window_View::Font(const Control_Font& font) {
   LOGFONTW wanted{};
   wanted.lfHeight = -MulDiv(font.Size_Hundredths, dpi_, 7200);
   wanted.lfWeight = font.Weight;
-  wanted.lfCharSet = DEFAULT_CHARSET;
+  wanted.lfCharSet = static_cast<BYTE>(font.Charset ? font.Charset : DEFAULT_CHARSET);
   wanted.lfQuality = CLEARTYPE_QUALITY;
   Face_For(font.Face).copy(wanted.lfFaceName, LF_FACESIZE - 1);
   HFONT made = CreateFontIndirectW(&wanted);

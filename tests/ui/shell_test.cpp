@@ -81,3 +81,22 @@ TEST_F(Shell, ADisabledWindowTakesNoInput) {
 }
 
 }  // namespace
+
+namespace {
+
+// The keys of a menu item's shortcut as the system codes them, which the accelerators of a
+// front end are made of; every shortcut of the menus names a key.
+TEST(Shortcuts, TheKeysOfAShortcutsText) {
+  const std::tuple<const char*, bool, int> cases[] = {
+      {"Ctrl+O", true, 'O'}, {"Ctrl+F7", true, 118}, {"F1", false, 112}, {"F2", false, 113}, {"F24", false, 135},
+      {"Ctrl+5", true, '5'}, {"", false, 0},         {"Ctrl+", true, 0},  {"F0", false, 0},   {"F25", false, 0},
+      {"f1", false, 0},      {"Ctrl+ab", true, 0},   {"Alt+X", false, 0}, {"F1x", false, 0}};
+  for (const auto& [text, ctrl, key] : cases) {
+    const Keys keys = Shortcut_Keys(text);
+    EXPECT_EQ(std::pair(keys.Ctrl, keys.Key), std::pair(ctrl, key)) << text;
+  }
+  for (const Control& row : controls::Of(window::Main))
+    if (!row.Shortcut.empty()) EXPECT_NE(Shortcut_Keys(row.Shortcut).Key, 0) << row.Shortcut;
+}
+
+}  // namespace
