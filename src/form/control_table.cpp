@@ -209,6 +209,10 @@ bool Has_Submenu(const Control& item) {
   return false;
 }
 
+bool Clicked_On_Release(const Control& row) {
+  return row.Kind == Control_Kind::Label || row.Kind == Control_Kind::Image;
+}
+
 }  // namespace controls
 
 Keys Shortcut_Keys(std::string_view shortcut) {

@@ -106,6 +106,9 @@ const Control& Cell(int n);
 const Control* Cancel_Button(std::string_view window);
 // Whether a menu item opens a submenu of its own.
 bool Has_Submenu(const Control& item);
+// Whether the control is clicked by the mouse's release over it, as a label or a picture is;
+// buttons, boxes and the rest click by themselves.
+bool Clicked_On_Release(const Control& row);
 
 }  // namespace controls
 

@@ -188,8 +188,7 @@ bool Form_View::eventFilter(QObject* watched, QEvent* event) {
   const std::string control = Control_Of(widget);
   if (control.empty()) return false;
   const Control* row = controls::Find(window, control);
-  // Labels and pictures click on the mouse's release; the other controls click by themselves.
-  const bool clicked_by_mouse = row && (row->Kind == Control_Kind::Label || row->Kind == Control_Kind::Image);
+  const bool clicked_by_mouse = row && controls::Clicked_On_Release(*row);
   switch (event->type()) {
     case QEvent::MouseMove: {
       bool taken = false;

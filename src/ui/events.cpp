@@ -175,7 +175,9 @@ void Mouse_Up(Vorlane& vForm, std::string_view window, std::string_view control,
   Form_Window* form = Open_Window(vForm, window);
   if (!form || !Takes_Input(vForm, window)) return;
   const bool second_release = std::exchange(form->After_Double_Click, false);
-  if (over_control && !second_release) Raise(vForm, window, control, Event::Click);
+  const Control* row = controls::Find(window, control);
+  if (over_control && !second_release && row && controls::Clicked_On_Release(*row))
+    Raise(vForm, window, control, Event::Click);
 }
 
 void Double_Click(Vorlane& vForm, std::string_view window, std::string_view control) {

@@ -112,8 +112,6 @@ Rect Place_In_Window(const Control& row) {
   return place;
 }
 
-bool Clicked_By_Mouse(const Control& row) { return row.Kind == Control_Kind::Label || row.Kind == Control_Kind::Image; }
-
 std::wstring Menu_Text(const Control& item, std::string_view caption) {
   std::wstring text = W(caption);
   if (!item.Shortcut.empty()) text += L"\t" + W(item.Shortcut);
@@ -581,7 +579,7 @@ LRESULT Window_View::Handle_Control(HWND hwnd, std::size_t i, UINT message, WPAR
       break;
     }
     case WM_LBUTTONUP:
-      if (Clicked_By_Mouse(row)) {
+      if (controls::Clicked_On_Release(row)) {
         RECT client;
         GetClientRect(hwnd, &client);
         const POINT at{static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))};
@@ -591,7 +589,7 @@ LRESULT Window_View::Handle_Control(HWND hwnd, std::size_t i, UINT message, WPAR
       }
       break;
     case WM_LBUTTONDBLCLK:
-      if (Clicked_By_Mouse(row)) {
+      if (controls::Clicked_On_Release(row)) {
         Send([&](Vorlane& main) { Double_Click(main, window, name); });
         return 0;
       }
