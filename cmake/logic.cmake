@@ -9,6 +9,7 @@ set(VORLANE_LOGIC_SOURCES
   src/form/record_tests.cpp
   src/form/registry.cpp
   src/form/vorlane.cpp
+  src/store/archive_files.cpp
   src/store/conversion.cpp
   src/store/error_text.cpp
   src/store/file_commands.cpp
@@ -16,6 +17,7 @@ set(VORLANE_LOGIC_SOURCES
   src/store/image.cpp
   src/store/npc_dialogs.cpp
   src/store/number.cpp
+  src/store/slf.cpp
   src/store/type_report.cpp
   src/fields/byte_help.cpp
   src/fields/explain.cpp
@@ -46,6 +48,7 @@ list(TRANSFORM VORLANE_LOGIC_SOURCES PREPEND "${VORLANE_ROOT}/")
 
 # The commands of vorlane-cli, a library on the logic; its main() is apart.
 set(VORLANE_CLI_SOURCES
+  src/cli/archive.cpp
   src/cli/check.cpp
   src/cli/cli.cpp
   src/cli/convert.cpp

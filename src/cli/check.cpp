@@ -23,7 +23,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool Npc_Name(const fs::path& path) { return text::Upper(path.extension().string()) == ".NPC"; }
+bool Npc_Name(const std::string& name) {
+  return name.size() >= 4 && text::Upper(name.substr(name.size() - 4)) == ".NPC";
+}
 
 // The field of this name in the field table.
 const Field& Field_Named(std::string_view name) {
@@ -39,9 +41,19 @@ class Targets {
   std::string File_Of(const fs::path& folder, int npc) {
     auto [names, fresh] = folders_.try_emplace(folder);
     if (fresh) {
-      std::error_code ec;
-      for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ec))
-        if (entry.is_regular_file(ec)) names->second[text::Upper(entry.path().filename().string())] = entry.path();
+      const std::string path = folder.string();
+      if (session_.files.Is_Archive_Folder(path)) {
+        try {
+          for (const auto& file : session_.files.List(path, false).Files)
+            names->second[text::Upper(file.Relative)] = file.Path;
+        } catch (const Run_Time_Error&) {
+          // The archive's fault is told where it is checked.
+        }
+      } else {
+        std::error_code ec;
+        for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ec))
+          if (entry.is_regular_file(ec)) names->second[text::Upper(entry.path().filename().string())] = entry.path();
+      }
     }
     const auto found = names->second.find(text::Upper(Npc_File_Name(npc)));
     return found == names->second.end() ? std::string() : found->second.string();
@@ -71,28 +83,30 @@ class Targets {
   std::map<std::string, std::vector<std::string>> files_;
 };
 
-// The *.npc files under a folder, and the folders and files that could not be read on the way.
+// The files under a folder (all, or the *.npc ones), and the folders and files that could not be
+// read on the way.
 class Folder_Walk {
  public:
-  explicit Folder_Walk(std::ostream& err) : err_(err) {}
+  Folder_Walk(std::ostream& err, bool npc_only) : err_(err), npc_only_(npc_only) {}
 
-  std::vector<std::string> files;
+  std::vector<Found_File> files;
   bool failed = false;
 
   // Every folder under `folder`, links to folders followed as a user would follow them. A folder
   // that was seen already (a loop of links, or a second way to it) is not walked again.
-  void Walk(const std::string& folder, const sys::Path_Info& info) {
+  void Walk(const std::string& folder, const std::string& relative, const sys::Path_Info& info) {
     if (!seen_.emplace(info.Device, info.Node).second) return;
     sys::Listing listing = sys::List_Folder(folder);
     if (!listing.Why.empty()) Error(folder, listing.Why);
     std::sort(listing.Names.begin(), listing.Names.end());  // the same lines in the same order, on any disk
     for (const std::string& name : listing.Names) {
       const std::string path = (fs::path(folder) / name).string();
+      const std::string inner = relative.empty() ? name : relative + "/" + name;
       const sys::Path_Info entry = sys::Examine(path);
       if (entry.What == sys::Kind::Folder) {
-        Walk(path, entry);
+        Walk(path, inner, entry);
       } else if (entry.What == sys::Kind::File) {
-        if (Npc_Name(name)) files.push_back(path);
+        if (!npc_only_ || Npc_Name(name)) files.push_back({path, inner});
       } else if (Npc_Name(name)) {
         // A link to nothing, a pipe, a device: a *.npc that can't be read.
         Error(path, entry.What == sys::Kind::Missing
@@ -106,40 +120,65 @@ class Folder_Walk {
     }
   }
 
- private:
   void Error(const std::string& path, const std::string& why) {
     err_ << Program << ": " << text::Printable(path) << ": " << text::Printable(why) << '\n';
     failed = true;
   }
+
+ private:
   std::ostream& err_;
+  bool npc_only_;
   std::set<std::pair<std::uint64_t, std::uint64_t>> seen_;
 };
 
 }  // namespace
+
+bool Is_Tree(Session& session, const std::string& path) {
+  return sys::Examine(path).What == sys::Kind::Folder || session.files.Is_Archive_Folder(path);
+}
+
+bool Files_Under(Session& session, const std::string& root, bool npc_only, std::vector<Found_File>& found,
+                 std::ostream& err) {
+  Folder_Walk walk(err, npc_only);
+  const sys::Path_Info info = sys::Examine(root);
+  if (info.What == sys::Kind::Folder) {
+    walk.Walk(root, "", info);
+  } else {
+    try {
+      const Archive_Files::Listing listing = session.files.List(root, true);
+      for (const auto& fault : listing.Faults) walk.Error(fault.Path, fault.Relative);
+      for (const auto& file : listing.Files)
+        if (!npc_only || Npc_Name(file.Relative)) walk.files.push_back({file.Path, file.Relative});
+    } catch (const Run_Time_Error& failure) {
+      walk.Error(root, failure.what());
+    }
+  }
+  std::sort(walk.files.begin(), walk.files.end(),
+            [](const Found_File& a, const Found_File& b) { return a.path < b.path; });
+  found.insert(found.end(), walk.files.begin(), walk.files.end());
+  return !walk.failed;
+}
 
 int Check(const Args& args, std::ostream& out, std::ostream& err) {
   const bool unknown = args.Has("--unknown");
   bool failed = false;
 
   // The files: those given (a file that can't be read says why when it is opened), and the .npc
-  // files of the folders given, in the order of their paths.
+  // files of the folders and archives given, in the order of their paths.
+  Session session(err);
   std::vector<std::string> files;
   for (const std::string& path : args.operands) {
-    const sys::Path_Info info = sys::Examine(path);
-    if (info.What != sys::Kind::Folder) {
+    if (!Is_Tree(session, path)) {
       files.push_back(path);
       continue;
     }
-    Folder_Walk walk(err);
-    walk.Walk(path, info);
-    failed = failed || walk.failed;
-    std::sort(walk.files.begin(), walk.files.end());
-    files.insert(files.end(), walk.files.begin(), walk.files.end());
+    std::vector<Found_File> found;
+    failed = !Files_Under(session, path, true, found, err) || failed;
+    for (const Found_File& file : found) files.push_back(file.path);
   }
 
   const Field& goto_npc = Field_Named("Goto_Npc");
   const Field& goto_record = Field_Named("Goto_Record");
-  Session session(err);
   Targets targets;
   bool any = false;
   const auto finding = [&](const std::string& file, const std::string& what) {

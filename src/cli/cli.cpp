@@ -30,12 +30,20 @@ rules, without a window: for scripts, checks of a mod and git diff.
 
 commands:
   explain FILE.npc          each record and field, with the sentences the editor shows
-  diff A.npc B.npc          the fields that differ, with their sentences
+  diff A B                  the fields that differ, with their sentences; of two files, or of
+                            two folders or archives
   convert --to V FILE...    to the Buka or the standard variant, as Tools > Type > Change does
-  check PATH...             the values that the editor calls wrong, in files and folders
+  check PATH...             the values that the editor calls wrong, in files, folders, archives
   speech FILE.edt           the messages of a speech file
   info FILE.npc...          the variant and the records in use
   textconv FILE             for git: explain, or the bytes of a file it can't explain
+  list ARCHIVE.slf          the files in one of the games' archives
+  extract ARCHIVE.slf       its files, onto the disk
+
+The games keep their files in archives, .slf files: wherever a file is taken, ARCHIVE.slf/NAME
+names the file NAME in it (letter case ignored), as in
+  vorlane-cli explain NpcData.slf/078.npc --speech NpcData.slf/078.edt
+and wherever a folder is taken, an archive will do. An archive is only read, never written.
 
 "vorlane-cli COMMAND --help" tells more of each. Output is UTF-8. Exit status: 0 done,
 1 found something (findings, differences), 2 errors; an error is one line on standard error.
@@ -73,11 +81,19 @@ so in the editor's words. The output stays the same for the same file, so that g
      2,
      2,
      R"(usage: vorlane-cli diff A.npc B.npc
+       vorlane-cli diff FOLDER-A FOLDER-B
 
 Compares two files record by record, also a file of the Buka variant with one of the standard
 variant, and prints each field whose bytes or sentence differ: the bytes and the sentence of A
-behind "-", those of B behind "+". Records that are all zero on both sides are equal. Exit
-status 0 when the files are equal, 1 when they differ.
+behind "-", those of B behind "+". Records that are all zero on both sides are equal.
+
+Of two folders or archives (subfolders included; names matched in any letter case, as the games
+match them), it compares every .npc file that both hold in this way, says of any other file that
+both hold whether its bytes differ ("Files A/X and B/X differ"), and names each file that only
+one of them holds ("Only in A: X"). What did a mod change?
+  vorlane-cli diff NpcData.slf mymod/NpcData
+
+Exit status 0 when they are equal, 1 when they differ.
 )"},
     {"convert",
      Convert,
@@ -91,7 +107,8 @@ Converts each file to the Buka variant (the Russian edition) or to the standard 
 Tools > Type > Change does: to Buka, the mark 39 00 35 00 goes in front and the last four bytes,
 bytes 29 to 32 of record 50, drop out; to standard, the mark goes and four zero bytes come
 behind. Each file is written whole to a new file that then takes the old one's place. A file
-that is of that variant already is left as it is.
+that is of that variant already is left as it is. A file in an archive (ARCHIVE.slf/NAME) is
+converted only into a folder of --output: an archive is never written.
 
   --to VARIANT   buka or standard
   --output DIR   write the results into this folder, each under its own name, and leave the
@@ -112,16 +129,17 @@ that is of that variant already is left as it is.
      R"(usage: vorlane-cli check [--unknown] PATH...
 
 Checks .npc files, given as files or as folders that are searched for *.npc in any letter case,
-subfolders included. Prints one line for each finding:
+subfolders included; an archive, ARCHIVE.slf, is searched as a folder (an archive inside a
+folder given is not: name it). Prints one line for each finding:
   FILE: Record #N, Byte 15: <the editor's sentence>
 Findings are the sentences that say a value is wrong (a fire mode, trigger, quest, character,
 record or leadership out of range, byte 15 against byte 14, a byte 20 or bytes 29-32 that are not
 zero); a file of the wrong size; a Buka file whose last record is not all zero; and control
 passed on (bytes 18 and 19) to a record that is all zero, when the file of that character,
-NNN.npc, lies in the same folder. Exit status 1 when anything was found. Links to folders
+NNN.npc, lies in the same folder or archive. Exit status 1 when anything was found. Links to folders
 are followed (a folder reached twice is checked once); a folder that can't be listed, and a
-*.npc that can't be read (a link to nothing, a pipe, a device), are error lines and exit
-status 2.
+*.npc that can't be read (a link to nothing, a pipe, a device), an archive that can't be read and
+an entry of one that can't be (see "vorlane-cli list --help") are error lines and exit status 2.
 
   --unknown   also the input and reaction codes that have no name ("<?>")
 )"},
@@ -153,6 +171,52 @@ civilians), it reads every message that the file holds.
 Prints what Tools > Type > Current says of a file: its variant, the number of records in use
 and, for a Buka file whose last record is not all zero, "Bad last record". With more than one
 file, each line starts with the file's name.
+)"},
+    {"list",
+     List,
+     {},
+     {},
+     1,
+     1,
+     R"(usage: vorlane-cli list ARCHIVE.slf
+
+Prints a line on the archive (its library name, its library path, the folder of the game's data
+folder that its files belong in, and its entries, all and in use), then each entry in the order
+of its table: its path in the archive, its size in bytes, its date (UTC), and its state when it
+is not in use: "older copy", "unused", or "state NN" for a state that has no name. Only the
+entries in use are the game's files.
+
+An archive comes from anywhere, and is read with care. One whose header doesn't hold (a file
+shorter than the 532 bytes of a header, a library name or path without its closing NUL, a
+negative count, more entries in use than entries, entries that don't fit in the file) can't be
+read at all: one error line, exit status 2. An entry that doesn't hold (a name without its
+closing NUL, an entry in use without a name, data outside the archive's data, data that overlaps
+another entry's, a name that another entry in use has in any letter case) is an error line of
+its own, and exit status 2; the others are listed, and can be read.
+)"},
+    {"extract",
+     Extract,
+     {"--force"},
+     {"--output"},
+     1,
+     Any,
+     R"(usage: vorlane-cli extract ARCHIVE.slf [PATH...] [--output DIR] [--force]
+
+Writes the files in use of the archive, or those named (a folder in it names each of its
+files), under DIR, the current folder when none is given, in the folders of the archive's
+library path and of their own paths, as the game's data folder would hold them: NpcData.slf
+with the library path NpcData\ writes 078.npc as DIR/NpcData/078.npc. Each file gets the date
+that the archive gives it and is written whole or not at all, as convert writes. Prints
+"ARCHIVE.slf/PATH -> FILE" for each file written.
+
+Nothing is written outside DIR, and nothing through a link: an entry whose path climbs out
+("..") or starts at a drive ("C:") or at the top of a disk (""), or holds a name that is no
+plain file name on this system, is not written (error line, exit status 2), and neither is
+anything whose library path does so. The archive itself is only read.
+
+  --output DIR   the folder to write under; it must exist
+  --force        write over files that are there already; without it, such a file is left
+                 as it is (error line)
 )"},
     {"textconv",
      Textconv,

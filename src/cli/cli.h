@@ -34,6 +34,24 @@ int Speech(const Args& args, std::ostream& out, std::ostream& err);
 int Info(const Args& args, std::ostream& out, std::ostream& err);
 int Textconv(const Args& args, std::ostream& out, std::ostream& err);
 
+int List(const Args& args, std::ostream& out, std::ostream& err);
+int Extract(const Args& args, std::ostream& out, std::ostream& err);
+
+class Session;
+
+// A file found under a folder or an archive: its path, and its path relative to that folder
+// ("/" between folders).
+struct Found_File {
+  std::string path, relative;
+};
+// Whether the path is a folder, an archive, or a folder in an archive.
+bool Is_Tree(Session& session, const std::string& path);
+// The files under such a folder, subfolders included, in the order of their paths: all of them,
+// or with `npc_only` the *.npc ones in any letter case. What can't be read on the way (a folder,
+// a *.npc, the archive or one of its entries) is an error line; false then.
+bool Files_Under(Session& session, const std::string& root, bool npc_only, std::vector<Found_File>& found,
+                 std::ostream& err);
+
 // A bad argument that the parser of the options can't see: its message, and the program stops
 // before it has touched any file.
 struct Usage_Error {

@@ -66,6 +66,11 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err) {
   Session session(err);
   Files& files = session.window.files;
   for (const std::string& path : args.operands) {
+    if (!into && session.files.Split(path)) {
+      session.file = path;
+      session.Error("not converted: a file in an archive, which is only read (--output writes the result elsewhere)");
+      continue;
+    }
     if (!session.Open(path)) continue;
     const std::string output = into ? (folder / fs::path(path).filename()).string() : path;
     // --output leaves every file given as it is, also one that lies in that folder.

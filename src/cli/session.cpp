@@ -3,7 +3,6 @@
 #include "fields/explain.h"
 #include "speech/edt_reader.h"
 #include "speech/speech_pane.h"
-#include "system/paths.h"
 #include "system/text.h"
 #include "ui/navigation.h"
 #include "form/record_tests.h"
@@ -37,7 +36,7 @@ bool Session::Open(const std::string& path, std::string* size_message) {
   file = path;
   // What can't be opened is told in the system's words before the window tries: a folder would
   // measure as an empty file, and a pipe must not be opened at all.
-  if (const std::string why = sys::Why_Unreadable(path); !why.empty()) {
+  if (const std::string why = files.Why_Unreadable(path); !why.empty()) {
     Error(why);
     return false;
   }
@@ -49,7 +48,7 @@ bool Session::Open(const std::string& path, std::string* size_message) {
   }
   Pass_On_Boxes();
   if (result == Open_Result::Unreadable) {
-    const std::string why = sys::Why_Unreadable(path);
+    const std::string why = files.Why_Unreadable(path);
     Error(why.empty() ? "can't be read" : why);
   }
   return result == Open_Result::Loaded;
@@ -133,7 +132,7 @@ bool Session::Speech(const std::string& path, Speech_Kind kind) {
   const std::string npc_file = file;
   file = path;
   const std::size_t lines_before = error_lines_;
-  if (const std::string why = sys::Why_Unreadable(path); !why.empty()) {
+  if (const std::string why = files.Why_Unreadable(path); !why.empty()) {
     Error(why);
   } else {
     Event([&] { Check_Tick_With_File(window, path, kind); });

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "fields/field_map.h"
+#include "store/archive_files.h"
 #include "store/file_commands.h"
 #include "ui/events.h"
 #include "form/recording_platform.h"
@@ -54,7 +55,8 @@ class Session {
   Session& operator=(const Session&) = delete;
 
   Recording_Platform platform;  // quiet: questions and dialogs are cancelled
-  Vorlane window{Routes(), platform};
+  Archive_Files files{Disk()};  // the disk, with the files in archives as files of their own
+  Vorlane window{Routes(), platform, files};
   std::string file;
   bool failed = false;  // an error line was written
 
@@ -71,8 +73,8 @@ class Session {
 
   // Loads a file as File > Open does. A file of the wrong size leaves the window's message in
   // `size_message` (an error line when none is given); a file that can't be read gets an error
-  // line that says why (no such file, permission denied, a folder, not a regular file). Tells
-  // whether the file was loaded.
+  // line that says why (no such file, permission denied, a folder, not a regular file, or what
+  // is wrong with the archive or its entry). Tells whether the file was loaded.
   bool Open(const std::string& path, std::string* size_message = nullptr);
   // Shows record k, 1 .. 50, and reads what the window says of it and of each of its fields.
   Record_View Record(int k);

@@ -36,8 +36,18 @@ constexpr std::int32_t Light_3D = System(22);
 constexpr std::int32_t Pale_Yellow = 0x80FFFF;
 
 // The colour variables hold decimal text ("-2147483633"); this is their number.
+// The grid asks it twice a field at every change of record: the plain form, a sign and up to 18
+// digits, is read without strtol, to the same number.
 inline std::int32_t From_Text(const std::string& decimal) {
-  return static_cast<std::int32_t>(std::strtol(decimal.c_str(), nullptr, 10));
+  const std::size_t sign = !decimal.empty() && decimal[0] == '-' ? 1 : 0;
+  const std::size_t digits = decimal.size() - sign;
+  long value = 0;
+  for (std::size_t i = sign; i < decimal.size() && digits <= 18; ++i) {
+    if (decimal[i] < '0' || decimal[i] > '9') return static_cast<std::int32_t>(std::strtol(decimal.c_str(), nullptr, 10));
+    value = value * 10 + (decimal[i] - '0');
+  }
+  if (digits == 0 || digits > 18) return static_cast<std::int32_t>(std::strtol(decimal.c_str(), nullptr, 10));
+  return static_cast<std::int32_t>(sign ? -value : value);
 }
 
 }  // namespace colour

@@ -4,7 +4,6 @@
 
 #include "system/failure.h"
 
-namespace Position {
 namespace {
 
 // One character of a hex pair as its digit value, or -1 when it is none.
@@ -15,6 +14,8 @@ int Digit_Value(char c) {
 }
 
 }  // namespace
+
+namespace Position {
 
 void Sub_DeCode(std::string& text) {
   const int first = text.empty() ? -1 : Digit_Value(text.front());
@@ -41,14 +42,21 @@ std::string Bare(long value) {
 }
 
 std::string Pair(int value) {
+  // A byte, as every load writes 1600 of them: its two digits at once.
+  static const char digits[] = "0123456789ABCDEF";
+  if (value >= 0 && value <= 255) return {digits[value >> 4], digits[value & 15]};
   std::string text = Bare(value);
   Position::Pad_Hex(text);
   return text;
 }
 
 int Byte_Value(std::string pair) {
-  Position::Sub_DeCode(pair);
-  return std::stoi(pair);
+  // What Sub_DeCode makes of it, without the round trip through decimal text: the explanations
+  // read every field's bytes this way.
+  const int first = pair.empty() ? -1 : Digit_Value(pair.front());
+  const int last = pair.empty() ? -1 : Digit_Value(pair.back());
+  if (first < 0 || last < 0) Position::Sub_DeCode(pair);  // its fatal failure
+  return first * 16 + last;
 }
 
 long Word_Value(const std::string& low, const std::string& high) {

@@ -7,7 +7,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
+
+#include "system/text.h"
 
 namespace sys {
 namespace {
@@ -88,6 +91,28 @@ unsigned File_Creation_Mask() {
   const mode_t mask = ::umask(022);
   ::umask(mask);
   return static_cast<unsigned>(mask);
+}
+
+bool Plain_Name(std::string_view name) {
+  if (name.empty() || name == "." || name == ".." || name.size() > NAME_MAX) return false;
+  if (name.find('/') != std::string_view::npos || name.find('\0') != std::string_view::npos) return false;
+  return text::Valid_Utf8(name) && text::Printable(name) == name;
+}
+
+std::string Make_Folder(const std::string& path) {
+  if (::mkdir(path.c_str(), 0777) == 0) return {};
+  const int error = errno;
+  if (error == EEXIST) return Examine(path).What == Kind::Folder ? std::string() : "a file, not a folder";
+  return Words_For(error);
+}
+
+std::string Set_Modified(const std::string& path, std::int64_t nanoseconds) {
+  std::int64_t seconds = nanoseconds / 1000000000;
+  std::int64_t rest = nanoseconds % 1000000000;
+  if (rest < 0) rest += 1000000000, --seconds;
+  const struct timespec times[2] = {{0, UTIME_OMIT}, {static_cast<time_t>(seconds), static_cast<long>(rest)}};
+  if (::utimensat(AT_FDCWD, path.c_str(), times, 0) == 0) return {};
+  return Words_For(errno);
 }
 
 }  // namespace sys

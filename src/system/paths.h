@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sys {
@@ -42,5 +43,18 @@ Listing List_Folder(const std::string& path);
 
 // The permission bits that this process takes away from every file it makes.
 unsigned File_Creation_Mask();
+
+// Whether a name is a plain name of a file or folder on this system: one that stays in its folder
+// and means nothing more than itself. Not empty, not "." or "..", no separator, nothing the system
+// refuses or treats apart, valid UTF-8 without control characters, not longer than a name may be.
+bool Plain_Name(std::string_view name);
+
+// Makes the folder at `path`, with every permission less the process's mask; an existing folder
+// is left as it is. The system's words for why it can't be made, or empty.
+std::string Make_Folder(const std::string& path);
+
+// Sets the time a file was last changed, in nanoseconds since 1970 (UTC). The system's words for
+// why it can't be set, or empty.
+std::string Set_Modified(const std::string& path, std::int64_t nanoseconds);
 
 }  // namespace sys

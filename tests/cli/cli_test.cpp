@@ -141,6 +141,36 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   for (const char* hidden : {"secret.npc", "secret.edt", "walk/locked"})
     fs::permissions(folder.Path(hidden), fs::perms::none);
 
+  // Archives: the game's, with both variants, the three kinds of speech file, a folder and
+  // entries in every state; one without a library path; the mod that changed one field; and one
+  // archive for each fault of a header, of an entry, of a path to extract.
+  Bytes civilian(3 * 320, 0), edt = Read_File((Examples / "078.edt").string()), changed_edt = edt;
+  for (std::size_t n = 0; n < 3; ++n) civilian[n * 320] = static_cast<std::uint8_t>('A' + n + 1);
+  changed_edt[481] = 0x33;
+  const Bytes npc_data = Slf_Archive("NpcData\\", {{"078.npc", standard}, {"086.NPC", Bytes(1600, 0)},
+      {"Buka\\078.npc", Read_File((Examples / "buka/078.npc").string())}, {"078.edt", edt}, {"CIV01.EDT", civilian},
+      {"D_078.edt", edt}, {"078.npc", changed, 1}, {"gone.npc", {}, 0xFE}, {"", {}, 0xFF}, {"odd.npc", {}, 7}});
+  folder.Write("NpcData.slf", npc_data);
+  folder.Write("Flat.slf", Slf_Archive("", {{"078.npc", standard}}));
+  for (const char* sub : {"mymod/NpcData", "arch/flat"}) fs::create_directories(folder.Path(sub));
+  folder.Write("mymod/NpcData/078.npc", changed);
+  folder.Write("mymod/NpcData/078.edt", changed_edt);
+  folder.Write("mymod/NpcData/200.npc", standard);
+  const std::string no_end(256, 'N');
+  folder.Write("short.slf", Bytes(531, 0));
+  folder.Write("no_name.slf", Slf_Archive("", {}, {}, {}, no_end));
+  folder.Write("no_path.slf", Slf_Archive(no_end, {}));
+  folder.Write("negative.slf", Slf_Archive("", {{"a.npc", standard}}, -1000));
+  folder.Write("negative_used.slf", Slf_Archive("", {{"a.npc", standard}}, 1, -1));
+  folder.Write("more_used.slf", Slf_Archive("", {{"a.npc", standard}}, 1, 2));
+  folder.Write("too_many.slf", Slf_Archive("", {{"a.npc", standard}}, 0x7FFFFFFF, 1));
+  folder.Write("entries.slf", Slf_Archive("", {{"good.npc", standard}, {"a.npc", standard}, {"b.npc", {}, 0, 2200, 100},
+      {"past.npc", {}, 0, 532, 1000000}, {"far.npc", {}, 0, 4000000000, 10}, {"header.npc", {}, 0, 0, 10},
+      {no_end, {}, 1}, {"", {1}}, {"DUP.npc", standard}, {"dup.NPC", standard}}));
+  folder.Write("escape.slf", Slf_Archive("", {{"..\\x.npc", standard}, {"C:x.npc", standard}, {"\\x.npc", standard},
+      {"a\\\\b.npc", standard}, {"bell\x07.npc", standard}, {"\xE9.npc", standard}, {"ok.npc", standard}}));
+  folder.Write("climb.slf", Slf_Archive("..\\..\\", {{"x.npc", standard}}));
+
   std::stringstream expected;
   expected << std::ifstream(Data_Path("cli_transcript.txt")).rdbuf();
   const std::string transcript = Run_Transcript(expected.str(), folder.Path(""));
@@ -151,6 +181,13 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   for (const auto& [name, bytes] : {std::pair{"tail.npc", tail}, {"changed.npc", changed}})
     EXPECT_EQ(Read_File(folder.Path(name)), bytes) << name;
   EXPECT_EQ(fs::status(folder.Path("out/forced.npc")).permissions(), fs::perms(0640));
+  // Archives are only read; what is extracted has its bytes and date, and nothing lands outside.
+  EXPECT_EQ(Read_File(folder.Path("NpcData.slf")), npc_data);
+  EXPECT_EQ(Read_File(folder.Path("arch/NpcData/CIV01.EDT")), civilian);
+  struct stat extracted {};
+  EXPECT_EQ(::stat(folder.Path("arch/NpcData/Buka/078.npc").c_str(), &extracted), 0);
+  EXPECT_EQ(extracted.st_mtime, 1083412800);
+  EXPECT_FALSE(fs::exists(folder.Path("x.npc")) || fs::exists(folder.Path("../x.npc")));
 }
 
 // A write cut short leaves nothing behind: a new file on a full disk is not made at all, and a

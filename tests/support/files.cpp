@@ -81,6 +81,38 @@ void Put_Record(Bytes& file, bool buka, int k, const Bytes& record) {
             file.begin() + static_cast<std::ptrdiff_t>(offset));
 }
 
+Bytes Slf_Archive(const std::string& library_path, const std::vector<Slf_Entry>& entries,
+                  std::optional<std::int32_t> count, std::optional<std::int32_t> used, const std::string& name) {
+  const auto put = [](Bytes& to, std::uint64_t value, int size) {
+    for (int i = 0; i < size; ++i) to.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+  };
+  const auto text = [](Bytes& to, const std::string& value) {
+    Bytes field(256, 0);
+    std::copy_n(value.begin(), std::min<std::size_t>(value.size(), 256), field.begin());
+    to.insert(to.end(), field.begin(), field.end());
+  };
+  Bytes archive, table;
+  text(archive, name);
+  text(archive, library_path);
+  const auto in_use = std::count_if(entries.begin(), entries.end(), [](const Slf_Entry& e) { return e.state == 0; });
+  put(archive, static_cast<std::uint32_t>(count.value_or(static_cast<std::int32_t>(entries.size()))), 4);
+  put(archive, static_cast<std::uint32_t>(used.value_or(static_cast<std::int32_t>(in_use))), 4);
+  put(archive, 0xFFFF, 2);
+  put(archive, 0x0200, 2);
+  put(archive, 0, 8);
+  for (const Slf_Entry& entry : entries) {
+    text(table, entry.path);
+    put(table, static_cast<std::uint64_t>(entry.offset < 0 ? static_cast<std::int64_t>(archive.size()) : entry.offset), 4);
+    put(table, static_cast<std::uint64_t>(entry.length < 0 ? static_cast<std::int64_t>(entry.bytes.size()) : entry.length), 4);
+    put(table, entry.state, 4);
+    put(table, Slf_Time, 8);
+    put(table, 0, 4);
+    archive.insert(archive.end(), entry.bytes.begin(), entry.bytes.end());
+  }
+  archive.insert(archive.end(), table.begin(), table.end());
+  return archive;
+}
+
 void Failing_Disk::Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size) {
   Disk_Files::Write_Chunk(fd, data, size / 2);
   throw Run_Time_Error("disk full");
