@@ -6,7 +6,10 @@
 
 void Record_Exsist(Vorlane& vForm) {
   bool all_zero = true;
-  for (int n = 1; n <= 32 && all_zero; ++n) all_zero = vForm.L(n).Caption == "00";
+  for (int n = 1; n <= 32 && all_zero; ++n) {
+    const std::string& caption = vForm.L(n).Caption;
+    all_zero = caption.size() == 2 && caption[0] == '0' && caption[1] == '0';
+  }
   vForm.Work_Text_2 = all_zero ? "error" : "ok";
 }
 

@@ -72,7 +72,14 @@ void New_Data(Vorlane& vForm) {
     for (int n = 1; n <= 32; ++n) vForm.Work_Text_3 += vForm.L(n).Caption;
     const std::string prefix = vForm.FileType == "ja" ? image::Buka_Mark : "";
     std::string& record = vForm.Record(vForm.Current_Record);
-    if (record != vForm.Work_Text_3) record = vForm.Work_Text_3;
+    const bool changed = record != vForm.Work_Text_3;
+    if (changed) record = vForm.Work_Text_3;
+    // The image is the prefix and the records in order. A whole image already is, but for the
+    // record on show: it takes that record's text in its place, and nothing else changes.
+    if (vForm.HexImage.size() == 2 * image::File_Size) {
+      if (changed) vForm.HexImage.replace(prefix.size() + 64 * (vForm.Current_Record - 1), record.size(), record);
+      return;
+    }
     vForm.HexImage = prefix;
     for (int k = 1; k <= 50; ++k) vForm.HexImage += vForm.Record(k);
   });
@@ -87,8 +94,12 @@ void Read_From_File(Vorlane& vForm) {
     const std::size_t p = static_cast<std::size_t>((value - 1) * 64 + vForm.Start_Char - 1);
     const bool stump = value == 50 && vForm.FileType == "ja";
     if (p + (stump ? 56 : 64) > vForm.HexImage.size()) throw std::length_error("short image");
-    for (int n = 1; n <= 28; ++n) vForm.L(n).Caption = vForm.HexImage.substr(p + 2 * (n - 1), 2);
-    for (int n = 29; n <= 32; ++n)
-      vForm.L(n).Caption = stump ? std::string() : vForm.HexImage.substr(p + 2 * (n - 1), 2);
+    for (int n = 1; n <= 32; ++n) {
+      std::string& caption = vForm.L(n).Caption;
+      if (n > 28 && stump)
+        caption.clear();
+      else
+        caption.assign(vForm.HexImage, p + 2 * (n - 1), 2);
+    }
   });
 }

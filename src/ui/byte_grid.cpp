@@ -61,9 +61,10 @@ void L_Click(Vorlane& vForm, int n) {
 void L_DblClick(Vorlane& vForm, int) { Dbl_Click_All_L(vForm); }
 
 bool Renew_Lit_Field(Vorlane& vForm) {
+  const std::int32_t viewed = colour::From_Text(vForm.Color_Field), selected = colour::From_Text(vForm.Color_Select);
   for (const Field& field : fields::All()) {
     const int second = field.Width == 1 ? field.First : field.First + 1;
-    if (Has_Colour(vForm, field.First, vForm.Color_Field) || Has_Colour(vForm, second, vForm.Color_Select)) {
+    if (vForm.L(field.First).BackColor == viewed || vForm.L(second).BackColor == selected) {
       field.Explain(vForm);
       return true;
     }

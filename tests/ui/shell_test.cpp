@@ -59,7 +59,9 @@ TEST(Routes, EveryRouteHasItsControlAndEveryPressableControlItsRoute) {
     const bool pressable = row.Kind == Control_Kind::Button || row.Kind == Control_Kind::Check_Box ||
                            row.Kind == Control_Kind::Option_Button ||
                            (row.Kind == Control_Kind::Menu_Item && !controls::Has_Submenu(row) && row.Caption != "-");
-    if (pressable) EXPECT_NE(Find_Route(Routes(), row.Window, row.Name, Event::Click), nullptr) << row.Name;
+    if (pressable) {
+      EXPECT_NE(Find_Route(Routes(), row.Window, row.Name, Event::Click), nullptr) << row.Name;
+    }
   }
 }
 
@@ -96,7 +98,9 @@ TEST(Shortcuts, TheKeysOfAShortcutsText) {
     EXPECT_EQ(std::pair(keys.Ctrl, keys.Key), std::pair(ctrl, key)) << text;
   }
   for (const Control& row : controls::Of(window::Main))
-    if (!row.Shortcut.empty()) EXPECT_NE(Shortcut_Keys(row.Shortcut).Key, 0) << row.Shortcut;
+    if (!row.Shortcut.empty()) {
+      EXPECT_NE(Shortcut_Keys(row.Shortcut).Key, 0) << row.Shortcut;
+    }
 }
 
 }  // namespace
