@@ -74,6 +74,10 @@ class Handle_Output : public std::streambuf {
 
 }  // namespace
 
+// The console leaves wildcards to the program: "*.npc" and "mod\*.npc" become the names of the
+// files they match, as a shell makes them elsewhere. A pattern that matches nothing stays as it is.
+int _dowildcard = -1;
+
 int wmain(int argc, wchar_t* argv[]) {
   std::vector<std::string> args;
   for (int i = 1; i < argc; ++i) args.push_back(text::Utf8(argv[i]));

@@ -210,15 +210,18 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
 
 #ifdef _WIN32
 // Windows paths: a drive letter and backslashes, in what check walks and prints and in the folder
-// that convert writes into.
+// that convert writes into; wildcards.
 TEST(Cli, Windows_Paths_Work_Throughout) {
   Temp_Folder folder;
   fs::create_directory(text::Path(folder.Path("мод")));
   folder.Write("мод/Ёжик.npc", Bytes(1601, 0));
   const std::string mod = folder.Path("мод");
   ASSERT_EQ(mod.substr(1, 2), ":\\") << mod;
-  const Program_Run checked = Run_Program(VORLANE_CLI_PROGRAM, {"check", mod}, folder.Path(""));
-  EXPECT_EQ(checked.Out + checked.Err, mod + "\\Ёжик.npc: Неверный размер файла\n");
+  // A folder, and a wildcard, which the console leaves to the program.
+  for (const std::string& path : {mod, mod + "\\*.NPC"}) {
+    const Program_Run checked = Run_Program(VORLANE_CLI_PROGRAM, {"check", path}, folder.Path(""));
+    EXPECT_EQ(checked.Out + checked.Err, mod + "\\Ёжик.npc: Неверный размер файла\n") << path;
+  }
   const Program_Run converted =
       Run_Program(VORLANE_CLI_PROGRAM, {"convert", "--to", "buka", "--output", mod, Standard}, folder.Path(""));
   EXPECT_EQ(converted.Out + converted.Err, Standard + " -> " + mod + "\\078.npc: Агония Власти.\n");
