@@ -40,7 +40,7 @@ set(VORLANE_LOGIC_SOURCES
   src/ui/shell.cpp)
 # The system's own side of the files: POSIX, or the Windows API.
 if(WIN32)
-  list(APPEND VORLANE_LOGIC_SOURCES src/system/files_win.cpp src/system/text_win.cpp)
+  list(APPEND VORLANE_LOGIC_SOURCES src/system/files_win.cpp src/system/paths_win.cpp src/system/text_win.cpp)
 else()
   list(APPEND VORLANE_LOGIC_SOURCES src/system/files.cpp src/system/paths.cpp)
 endif()

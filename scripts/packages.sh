@@ -24,3 +24,10 @@ Need_Packages() {
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-qpa-plugins libgl-dev fonts-liberation2)
 # What the tests need besides.
 TEST_PACKAGES=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils shared-mime-info appstream groff-base clang libclang-rt-14-dev xvfb openbox)
+# What the Windows programs need to be cross-built and packed (scripts/windows).
+WINDOWS_BUILD_PACKAGES=(cmake ninja-build g++-mingw-w64-x86-64-posix zip)
+# What their tests need besides: GoogleTest's sources, built with the cross compiler; wine, which
+# runs them, with its own fonts and the X libraries its display driver loads (recommended only,
+# so named here); an X server with a window manager for the windows, and xauth for xvfb-run.
+WINDOWS_TEST_PACKAGES=(googletest wine64 wine fonts-wine libxrender1 libxrandr2 libxi6 libxcursor1 libxfixes3
+  libxinerama1 libxcomposite1 libxxf86vm1 xvfb xauth openbox)

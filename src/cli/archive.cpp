@@ -1,7 +1,6 @@
 // list and extract: the games' archives, as they are and file by file onto the disk. An archive
 // is only read; extract writes only under the folder it is given.
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -44,10 +43,6 @@ std::string Padded(const std::string& text, std::size_t width, bool right) {
   return right ? fill + text : text + fill;
 }
 
-std::string Join(const std::string& folder, const std::string& name) {
-  return text::Text(text::Path(folder) / text::Path(name));
-}
-
 // Writes one entry under `folder`, in the folders of the library path and of its own path.
 void Extract_Entry(Session& session, const std::string& archive, const std::vector<std::string>& library,
                    const slf::Entry& entry, const std::string& folder, bool force, std::ostream& out) {
@@ -63,7 +58,7 @@ void Extract_Entry(Session& session, const std::string& archive, const std::vect
 
   std::string target = folder;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    target = Join(target, names[i]);
+    target = text::Path_In(target, names[i]);
     const sys::Path_Info info = sys::Examine(target);
     // Nothing is written through a link: it could lead anywhere.
     if (info.Link) return refuse(target + " is a link, which is not followed");

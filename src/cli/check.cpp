@@ -1,6 +1,5 @@
 // check: the values that the editor calls wrong, over files and whole folders.
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <set>
 #include <sstream>
@@ -21,10 +20,10 @@
 namespace cli {
 namespace {
 
-namespace fs = std::filesystem;
-
+// A name of the form *.npc, in any letter case; ".npc" alone is a hidden file's name.
 bool Npc_Name(const std::string& name) {
-  return name.size() >= 4 && text::Upper(name.substr(name.size() - 4)) == ".NPC";
+  const std::size_t dot = name.rfind('.');
+  return dot != std::string::npos && dot > 0 && text::Upper(name.substr(dot)) == ".NPC";
 }
 
 // The field of this name in the field table.
@@ -36,27 +35,27 @@ const Field& Field_Named(std::string_view name) {
 // The files that records pass control to, each loaded once into a window of its own.
 class Targets {
  public:
-  // The file of character `npc` in the folder, NNN.npc in any letter case; empty when there is
-  // none.
-  std::string File_Of(const fs::path& folder, int npc) {
+  // The file of character `npc` in the folder (a path's folder part, "" for the working folder),
+  // NNN.npc in any letter case; empty when there is none.
+  std::string File_Of(const std::string& folder, int npc) {
     auto [names, fresh] = folders_.try_emplace(folder);
     if (fresh) {
-      const std::string path = folder.string();
-      if (session_.files.Is_Archive_Folder(path)) {
+      if (session_.files.Is_Archive_Folder(folder)) {
         try {
-          for (const auto& file : session_.files.List(path, false).Files)
+          for (const auto& file : session_.files.List(folder, false).Files)
             names->second[text::Upper(file.Relative)] = file.Path;
         } catch (const Run_Time_Error&) {
           // The archive's fault is told where it is checked.
         }
       } else {
-        std::error_code ec;
-        for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ec))
-          if (entry.is_regular_file(ec)) names->second[text::Upper(entry.path().filename().string())] = entry.path();
+        for (const std::string& name : sys::List_Folder(folder.empty() ? "." : folder).Names) {
+          const std::string path = text::Path_In(folder, name);
+          if (sys::Examine(path).What == sys::Kind::File) names->second[text::Upper(name)] = path;
+        }
       }
     }
     const auto found = names->second.find(text::Upper(Npc_File_Name(npc)));
-    return found == names->second.end() ? std::string() : found->second.string();
+    return found == names->second.end() ? std::string() : found->second;
   }
 
   // Where record k of that file is no record, the window's words for it: the file's name as the
@@ -79,7 +78,7 @@ class Targets {
  private:
   std::ostringstream quiet_;  // a target that can't be loaded is checked on its own, if at all
   Session session_{quiet_};
-  std::map<fs::path, std::map<std::string, fs::path>> folders_;
+  std::map<std::string, std::map<std::string, std::string>> folders_;
   std::map<std::string, std::vector<std::string>> files_;
 };
 
@@ -100,7 +99,7 @@ class Folder_Walk {
     if (!listing.Why.empty()) Error(folder, listing.Why);
     std::sort(listing.Names.begin(), listing.Names.end());  // the same lines in the same order, on any disk
     for (const std::string& name : listing.Names) {
-      const std::string path = (fs::path(folder) / name).string();
+      const std::string path = text::Path_In(folder, name);
       const std::string inner = relative.empty() ? name : relative + "/" + name;
       const sys::Path_Info entry = sys::Examine(path);
       if (entry.What == sys::Kind::Folder) {
@@ -205,7 +204,7 @@ int Check(const Args& args, std::ostream& out, std::ostream& err) {
       const auto npc = fields::Goto_Npc(hex::Byte_Value(session.window.L(goto_npc.First).Caption));
       const auto target = fields::Goto_Record(hex::Byte_Value(session.window.L(goto_record.First).Caption));
       if (!npc || !target) continue;
-      const std::string target_file = targets.File_Of(fs::path(file).parent_path(), *npc);
+      const std::string target_file = targets.File_Of(text::Folder_Of(file), *npc);
       if (target_file.empty()) continue;
       const std::string& no_record = targets.No_Record(target_file, *target);
       if (no_record.empty()) continue;

@@ -338,4 +338,13 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
   return Failed;
 }
 
+int Run_Program(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  const int status = Run(args, out, err);
+  if (!out.flush()) {
+    err << Program << ": the output can't be written\n";
+    return Failed;
+  }
+  return status;
+}
+
 }  // namespace cli

@@ -14,6 +14,9 @@ namespace cli {
 
 // Runs the program with these arguments, the program's name left out; returns the exit status.
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// Run, then the output flushed: output that can't be written is an error, whatever the command
+// said. What each system's main() calls.
+int Run_Program(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 // A command's arguments: the operands in order, and the options given ("--all" -> "",
 // "--record" -> "7").

@@ -1,24 +1,21 @@
 // convert: the conversion of the Type menu for many files at once.
 #include <algorithm>
-#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "cli/cli.h"
 #include "cli/session.h"
-#include "system/failure.h"
+#include "store/conversion.h"
 #include "store/image.h"
 #include "store/npc_dialogs.h"
-#include "store/conversion.h"
 #include "store/type_report.h"
+#include "system/failure.h"
 #include "system/paths.h"
 #include "system/text.h"
 
 namespace cli {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Hex text as pairs with a blank between two: "01020304" -> "01 02 03 04".
 std::string Spaced(const std::string& hex) {
@@ -52,15 +49,21 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err) {
                                        : "--to buka or --to standard is needed"};
   const int target = to == "buka" ? npc_type::Buka : npc_type::Standard;
   const bool into = args.Has("--output");
-  const fs::path folder = args.Value("--output");
-  if (into && sys::Examine(folder.string()).What != sys::Kind::Folder)
-    throw Usage_Error{"--output " + folder.string() + " is no folder"};
+  const std::string folder = args.Value("--output");
+  if (into && sys::Examine(folder).What != sys::Kind::Folder) throw Usage_Error{"--output " + folder + " is no folder"};
   if (into) {
-    // Two files of one name would land on one another in the folder.
-    std::set<fs::path> names;
-    for (const std::string& path : args.operands)
-      if (!names.insert(fs::path(path).filename()).second)
-        throw Usage_Error{"two files named " + fs::path(path).filename().string() + " for one folder"};
+    // Two files of one name would land on one another in the folder; on Windows, two names that
+    // differ only in the case of their letters are one name.
+    std::set<std::string> names;
+    for (const std::string& path : args.operands) {
+      const std::string name = text::File_Title(path);
+#ifdef _WIN32
+      const bool fresh = names.insert(text::Upper(name)).second;
+#else
+      const bool fresh = names.insert(name).second;
+#endif
+      if (!fresh) throw Usage_Error{"two files named " + name + " for one folder"};
+    }
   }
 
   Session session(err);
@@ -72,7 +75,7 @@ int Convert(const Args& args, std::ostream& out, std::ostream& err) {
       continue;
     }
     if (!session.Open(path)) continue;
-    const std::string output = into ? (folder / fs::path(path).filename()).string() : path;
+    const std::string output = into ? text::Path_In(folder, text::File_Title(path)) : path;
     // --output leaves every file given as it is, also one that lies in that folder.
     if (into) {
       const auto given = std::find_if(args.operands.begin(), args.operands.end(),

@@ -4,15 +4,9 @@
 #include <vector>
 
 #include "cli/cli.h"
-#include "cli/session.h"
 
 int main(int argc, char* argv[]) {
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> args(argv + 1, argv + argc);
-  const int status = cli::Run(args, std::cout, std::cerr);
-  if (!std::cout.flush()) {
-    std::cerr << cli::Program << ": the output can't be written\n";
-    return cli::Failed;
-  }
-  return status;
+  return cli::Run_Program(args, std::cout, std::cerr);
 }

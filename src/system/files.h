@@ -53,8 +53,8 @@ using Native_File = int;
 // The new file beside the target is hidden, .vorlane-PID-XXXXXX. While it is being written, an
 // interrupt, a termination or a hang-up (SIGINT, SIGTERM, SIGHUP) removes it before the program
 // ends as the signal would have ended it; a signal that was ignored when the write began stays
-// ignored. What a run that was killed outright left behind, the next run that writes in that
-// folder removes.
+// ignored. On Windows, Ctrl+C, Ctrl+Break and closing the console window do the same. What a run
+// that was killed outright left behind, the next run that writes in that folder removes.
 class Disk_Files : public Files {
  public:
   std::int64_t Length(const std::string& path) override;
@@ -72,7 +72,9 @@ class Disk_Files : public Files {
  private:
   // The safe road; false when it can't be taken, with nothing left behind and the reason in `why`.
 #ifdef _WIN32
-  bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, bool exists);
+  // The placed file gets these attributes, and the old file's time of making (0 for none).
+  bool Replace(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes, unsigned long attributes,
+               std::uint64_t created, std::string& why);
   void Write_In_Place(const std::filesystem::path& target, const std::vector<std::uint8_t>& bytes);
 #else
   // A new file gets `new_mode`.

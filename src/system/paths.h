@@ -1,7 +1,7 @@
 // What the operating system says of a path, in a few words a user can act on: whether it names a
 // file that can be read, a folder, something else, or nothing; the names in a folder; the modes
-// that new files get. One implementation for POSIX systems; another system gets its own beside
-// it.
+// that new files get. One implementation for POSIX systems (paths.cpp), one for Windows
+// (paths_win.cpp).
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,7 @@ struct Path_Info {
   bool Link = false;  // the path itself is a symbolic link
   // Tells two names of one folder or file apart from two different ones.
   std::uint64_t Device = 0, Node = 0;
-  unsigned Mode = 0;  // the permission bits
+  unsigned Mode = 0;  // the permission bits; on Windows 0444 for a read-only file, else 0666
 };
 
 Path_Info Examine(const std::string& path);

@@ -142,13 +142,39 @@ std::string Upper(std::string_view s) {
   return out;
 }
 
-std::string File_Title(std::string_view path) {
+namespace {
+
+// What ends a folder's part of a path: a slash; on Windows also a backslash and the colon of a
+// drive ("C:x.npc" is x.npc in drive C's working folder).
 #ifdef _WIN32
-  const auto slash = path.find_last_of("/\\:");
+constexpr std::string_view Separators = "/\\:";
 #else
-  const auto slash = path.find_last_of('/');
+constexpr std::string_view Separators = "/";
 #endif
+
+}  // namespace
+
+std::string File_Title(std::string_view path) {
+  const auto slash = path.find_last_of(Separators);
   return std::string(slash == std::string_view::npos ? path : path.substr(slash + 1));
+}
+
+std::string Folder_Of(std::string_view path) {
+  const auto slash = path.find_last_of(Separators);
+  return std::string(slash == std::string_view::npos ? std::string_view() : path.substr(0, slash + 1));
+}
+
+std::string Path_In(std::string_view folder, std::string_view name) {
+  std::string path(folder);
+  if (!path.empty() && Separators.find(path.back()) == std::string_view::npos) {
+#ifdef _WIN32
+    const auto last = path.find_last_of("/\\");
+    path += last == std::string::npos ? '/' : path[last];
+#else
+    path += '/';
+#endif
+  }
+  return path + std::string(name);
 }
 
 std::filesystem::path Path(std::string_view utf8) {

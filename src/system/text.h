@@ -19,6 +19,12 @@ std::string Upper(std::string_view s);
 // The bare name of a path: what follows the last folder separator (on Windows also "\\" and the
 // colon of a drive).
 std::string File_Title(std::string_view path);
+// The folder part of a path with its last separator ("mod/078.npc" -> "mod/"), empty for a bare
+// name; and the path of a name in a folder. A folder that doesn't end in a separator gets the
+// last one it uses (on Windows "C:\mods" gives "C:\mods\x.npc"), or "/" where it uses none:
+// "mod" gives "mod/x.npc" on every system.
+std::string Folder_Of(std::string_view path);
+std::string Path_In(std::string_view folder, std::string_view name);
 
 // A path of the file system from its UTF-8 text, and back: the system's own narrow encoding
 // (a code page on Windows) is never used.

@@ -1,16 +1,22 @@
 // vorlane-cli from end to end: every command on files made byte by byte, against the transcript
 // in tests/data/cli_transcript.txt (its "$ vorlane-cli" lines are the commands that are run);
-// and its sentences against the editor's.
+// and its sentences against the editor's. On Windows the commands are run by vorlane-cli.exe
+// itself, and must say what they say on Linux.
 #include <gtest/gtest.h>
+#ifndef _WIN32
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
+#endif
+
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -19,6 +25,7 @@
 #include "fields/field_map.h"
 #include "support/data.h"
 #include "support/fixture.h"
+#include "system/text.h"
 #include "ui/byte_grid.h"
 #include "ui/navigation.h"
 
@@ -26,20 +33,34 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path Examples = fs::path(__FILE__).parent_path() / "../../examples";
-const std::string Standard = (Examples / "078.npc").string();
+const std::string Standard = Data_Path("../../examples/078.npc");
 
-// A command line run, as a transcript shows it: the line, the output, the error lines, the
-// exit status.
-std::string Transcribe(const std::string& line) {
+std::vector<std::string> Words(const std::string& line) {
   std::vector<std::string> words;
   std::istringstream split(line);
   for (std::string word; split >> word;) words.push_back(word);
-  std::ostringstream out, err;
-  const int status = cli::Run(words, out, err);
-  return "$ vorlane-cli " + line + "\n" + out.str() + err.str() + "[exit " + std::to_string(status) + "]\n";
+  return words;
 }
 
+// A command line run, as a transcript shows it: the line, the output, the error lines, the exit
+// status.
+std::string Row(const std::string& line, const std::string& said, unsigned long status) {
+  return "$ vorlane-cli " + line + "\n" + said + "[exit " + std::to_string(status) + "]\n";
+}
+
+#ifdef _WIN32
+// Each command of the transcript run by vorlane-cli.exe in the folder.
+std::string Run_Transcript(const std::string& commands, const std::string& folder) {
+  std::string transcript;
+  std::istringstream lines(commands);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("$ vorlane-cli ", 0) != 0) continue;
+    const Program_Run run = Run_Program(VORLANE_CLI_PROGRAM, Words(line.substr(14)), folder);
+    transcript += Row(line.substr(14), run.Out + run.Err, run.Status) + "\n";
+  }
+  return transcript;
+}
+#else
 // While it lives, the process works in this folder, as a user in a shell would.
 struct Working_In {
   fs::path before = fs::current_path();
@@ -66,8 +87,12 @@ std::string Run_Transcript(const std::string& commands, const fs::path& folder) 
     {
       const Working_In here(folder);
       std::istringstream lines(commands);
-      for (std::string line; std::getline(lines, line);)
-        if (line.rfind("$ vorlane-cli ", 0) == 0) transcript += Transcribe(line.substr(14)) + "\n";
+      for (std::string line; std::getline(lines, line);) {
+        if (line.rfind("$ vorlane-cli ", 0) != 0) continue;
+        std::ostringstream out, err;
+        const int status = cli::Run(Words(line.substr(14)), out, err);
+        transcript += Row(line.substr(14), out.str() + err.str(), static_cast<unsigned long>(status)) + "\n";
+      }
     }
     for (std::size_t at = 0; at < transcript.size();) {
       const ssize_t written = ::write(pipe[1], transcript.data() + at, transcript.size() - at);
@@ -85,6 +110,29 @@ std::string Run_Transcript(const std::string& commands, const fs::path& folder) 
   int status = 0;
   ::waitpid(child, &status, 0);
   return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? transcript : "the commands' process failed";
+}
+#endif
+
+// The rows of the transcript that this system can run. On Windows, those of the files it can't
+// have are left out: a folder holds no pipe, a name no line feed and no byte that is not UTF-8;
+// wine makes no symbolic links; and it lets root through every permission and keeps no access
+// control lists, so that no file can be kept from its reader.
+std::string Rows_Here(const std::string& transcript) {
+#ifdef _WIN32
+  static const std::set<std::string> posix_only = {"check walk", "check walk/locked", "explain secret.npc",
+                                                   "info walk/fifo.npc walk/dangling.npc nothing.npc",
+                                                   "speech secret.edt"};
+  std::string rows;
+  bool keep = true;
+  std::istringstream lines(transcript);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("$ vorlane-cli ", 0) == 0) keep = posix_only.count(line.substr(14)) == 0;
+    if (keep) rows += line + "\n";
+  }
+  return rows;
+#else
+  return transcript;
+#endif
 }
 
 // A speech file of 80 NPC messages, "Message N", beyond the editor's 32 KB from message 68 on;
@@ -110,11 +158,14 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   std::copy_n(standard.begin(), 32, last_in_use.end() - 32);
   Bytes far(1600, 0);  // records 1 to 4 say messages 70, 71, 5 and nothing
   for (std::size_t k = 0; k < 4; ++k) far[32 * k + 13] = Bytes{70, 71, 5, 255}[k], far[32 * k + 14] = 1;
-  for (const char* sub : {"mod/buka", "out", "walk/locked"}) fs::create_directories(folder.Path(sub));
+  for (const char* sub : {"mod/buka", "out", "walk/locked", "мод"})
+    fs::create_directories(text::Path(folder.Path(sub)));
   folder.Write("mod/078.npc", standard);
   folder.Write("mod/086.NPC", Bytes(1600, 0));  // record 6 of 078 passes control to its record 8
-  folder.Write("mod/buka/078.npc", Read_File((Examples / "buka/078.npc").string()));
+  folder.Write("mod/buka/078.npc", Read_File(Data_Path("../../examples/buka/078.npc")));
   folder.Write("mod/short.npc", Bytes(1599, 0));
+  folder.Write("мод/Ёжик.npc", Bytes(1601, 0));
+  folder.Write("Ягуар.npc", standard);
   folder.Write("tail.npc", tail);
   folder.Write("forced.npc", tail);
   fs::permissions(folder.Path("forced.npc"), fs::perms(0664));
@@ -123,11 +174,12 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   folder.Write("far.npc", far);
   folder.Write("odd.npc", Bytes{0x4E, 0x50, 0x43, 0xFF, 0x00});
   folder.Write("empty.npc", {});
-  folder.Write("078.edt", Read_File((Examples / "078.edt").string()));
+  folder.Write("078.edt", Read_File(Data_Path("../../examples/078.edt")));
   folder.Write("long.edt", Speech_File());
   // What check and explain can't read, or must not print as it is.
   folder.Write("secret.npc", standard);
   folder.Write("secret.edt", Speech_File());
+#ifndef _WIN32
   folder.Write("walk/locked/x.npc", standard);
   folder.Write("walk/new\nline.npc", {1});
   folder.Write("walk/bad\xE9.npc", {2});
@@ -140,19 +192,20 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   fs::create_symlink(".", folder.Path("walk/loop"));
   for (const char* hidden : {"secret.npc", "secret.edt", "walk/locked"})
     fs::permissions(folder.Path(hidden), fs::perms::none);
+#endif
 
   // Archives: the game's, with both variants, the three kinds of speech file, a folder and
   // entries in every state; one without a library path; the mod that changed one field; and one
   // archive for each fault of a header, of an entry, of a path to extract.
-  Bytes civilian(3 * 320, 0), edt = Read_File((Examples / "078.edt").string()), changed_edt = edt;
+  Bytes civilian(3 * 320, 0), edt = Read_File(Data_Path("../../examples/078.edt")), changed_edt = edt;
   for (std::size_t n = 0; n < 3; ++n) civilian[n * 320] = static_cast<std::uint8_t>('A' + n + 1);
   changed_edt[481] = 0x33;
   const Bytes npc_data = Slf_Archive("NpcData\\", {{"078.npc", standard}, {"086.NPC", Bytes(1600, 0)},
-      {"Buka\\078.npc", Read_File((Examples / "buka/078.npc").string())}, {"078.edt", edt}, {"CIV01.EDT", civilian},
+      {"Buka\\078.npc", Read_File(Data_Path("../../examples/buka/078.npc"))}, {"078.edt", edt}, {"CIV01.EDT", civilian},
       {"D_078.edt", edt}, {"078.npc", changed, 1}, {"gone.npc", {}, 0xFE}, {"", {}, 0xFF}, {"odd.npc", {}, 7}});
   folder.Write("NpcData.slf", npc_data);
   folder.Write("Flat.slf", Slf_Archive("", {{"078.npc", standard}}));
-  for (const char* sub : {"mymod/NpcData", "arch/flat"}) fs::create_directories(folder.Path(sub));
+  for (const char* sub : {"mymod/NpcData", "arch/flat"}) fs::create_directories(text::Path(folder.Path(sub)));
   folder.Write("mymod/NpcData/078.npc", changed);
   folder.Write("mymod/NpcData/078.edt", changed_edt);
   folder.Write("mymod/NpcData/200.npc", standard);
@@ -173,22 +226,46 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
 
   std::stringstream expected;
   expected << std::ifstream(Data_Path("cli_transcript.txt")).rdbuf();
-  const std::string transcript = Run_Transcript(expected.str(), folder.Path(""));
-  fs::permissions(folder.Path("walk/locked"), fs::perms::owner_all);
-  if (std::getenv("VORLANE_WRITE_TRANSCRIPT")) std::ofstream(Data_Path("cli_transcript.txt")) << transcript;
-  EXPECT_EQ(transcript, expected.str());
-  // The refused conversions wrote nothing; a new file has its source's mode less the umask.
+  const std::string transcript = Run_Transcript(Rows_Here(expected.str()), folder.Path(""));
+  EXPECT_EQ(transcript, Rows_Here(expected.str()));
+  // The refused conversions wrote nothing.
   for (const auto& [name, bytes] : {std::pair{"tail.npc", tail}, {"changed.npc", changed}})
     EXPECT_EQ(Read_File(folder.Path(name)), bytes) << name;
+#ifndef _WIN32
+  fs::permissions(folder.Path("walk/locked"), fs::perms::owner_all);
+  if (std::getenv("VORLANE_WRITE_TRANSCRIPT")) std::ofstream(Data_Path("cli_transcript.txt")) << transcript;
+  // A new file has its source's mode less the umask.
   EXPECT_EQ(fs::status(folder.Path("out/forced.npc")).permissions(), fs::perms(0640));
+#endif
   // Archives are only read; what is extracted has its bytes and date, and nothing lands outside.
   EXPECT_EQ(Read_File(folder.Path("NpcData.slf")), npc_data);
   EXPECT_EQ(Read_File(folder.Path("arch/NpcData/CIV01.EDT")), civilian);
-  struct stat extracted {};
-  EXPECT_EQ(::stat(folder.Path("arch/NpcData/Buka/078.npc").c_str(), &extracted), 0);
-  EXPECT_EQ(extracted.st_mtime, 1083412800);
-  EXPECT_FALSE(fs::exists(folder.Path("x.npc")) || fs::exists(folder.Path("../x.npc")));
+  const auto extracted = fs::last_write_time(text::Path(folder.Path("arch/NpcData/Buka/078.npc")));
+  EXPECT_EQ(std::chrono::floor<std::chrono::seconds>(std::chrono::file_clock::to_sys(extracted)).time_since_epoch(),
+            std::chrono::seconds(1083412800));
+  EXPECT_FALSE(fs::exists(text::Path(folder.Path("x.npc"))) || fs::exists(text::Path(folder.Path("../x.npc"))));
 }
+
+#ifdef _WIN32
+// Windows paths: a drive letter and backslashes, in what check walks and prints and in the folder
+// that convert writes into; wildcards.
+TEST(Cli, Windows_Paths_Work_Throughout) {
+  Temp_Folder folder;
+  fs::create_directory(text::Path(folder.Path("мод")));
+  folder.Write("мод/Ёжик.npc", Bytes(1601, 0));
+  const std::string mod = folder.Path("мод");
+  ASSERT_EQ(mod.substr(1, 2), ":\\") << mod;
+  // A folder, and a wildcard, which the console leaves to the program.
+  for (const std::string& path : {mod, mod + "\\*.NPC"}) {
+    const Program_Run checked = Run_Program(VORLANE_CLI_PROGRAM, {"check", path}, folder.Path(""));
+    EXPECT_EQ(checked.Out + checked.Err, mod + "\\Ёжик.npc: Неверный размер файла\n") << path;
+  }
+  const Program_Run converted =
+      Run_Program(VORLANE_CLI_PROGRAM, {"convert", "--to", "buka", "--output", mod, Standard}, folder.Path(""));
+  EXPECT_EQ(converted.Out + converted.Err, Standard + " -> " + mod + "\\078.npc: Агония Власти.\n");
+  EXPECT_EQ(Read_File(mod + "\\078.npc").size(), 1600u);
+}
+#endif
 
 // A write cut short leaves nothing behind: a new file on a full disk is not made at all, and a
 // signal half way through a file's replacement takes the hidden new file with it.
@@ -197,15 +274,28 @@ class Stopping_Disk : public Disk_Files {
   int signal = 0;  // none: the disk is full
 
  protected:
-  void Write_Chunk(int fd, const std::uint8_t* data, std::size_t size) override {
+  void Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size) override {
     if (signal == 0) throw No_Room("disk full");
     Disk_Files::Write_Chunk(fd, data, size / 2);
+#ifndef _WIN32
     ::raise(signal);
+#endif
   }
 };
 
 TEST(Cli, A_Write_Cut_Short_Leaves_No_File_Behind) {
-  for (const int signal : {0, SIGINT, SIGTERM, SIGHUP}) {
+  {
+    Temp_Folder folder;
+    folder.Write("old.npc", Bytes(1600, 1));
+    Stopping_Disk disk;
+    EXPECT_THROW(disk.Write(folder.Path("new.npc"), Bytes(1600, 2)), Run_Time_Error);
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{"old.npc"});
+  }
+#ifdef _WIN32
+  GTEST_SKIP() << "Ctrl+C reaches a program only through a console, and wine makes none that passes it on "
+                  "(GenerateConsoleCtrlEvent fails): the handler that removes the hidden file is not driven here";
+#else
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     Temp_Folder folder;
     const std::string old_file = folder.Write("old.npc", Bytes(1600, 1));
     const pid_t child = ::fork();
@@ -215,30 +305,43 @@ TEST(Cli, A_Write_Cut_Short_Leaves_No_File_Behind) {
       Stopping_Disk disk;
       disk.signal = signal;
       try {
-        disk.Write(signal ? old_file : folder.Path("new.npc"), Bytes(1600, 2));
+        disk.Write(old_file, Bytes(1600, 2));
       } catch (const Run_Time_Error&) {
       }
       ::_exit(0);
     }
     int status = 0;
     ::waitpid(child, &status, 0);
-    EXPECT_TRUE(signal ? WIFSIGNALED(status) && WTERMSIG(status) == signal : WIFEXITED(status)) << signal;
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << signal;
     EXPECT_EQ(folder.Names(), std::vector<std::string>{"old.npc"}) << signal;
     EXPECT_EQ(Read_File(old_file), Bytes(1600, 1)) << signal;
   }
+#endif
 }
 
 // What a run killed outright left beside its target goes at the next write in that folder; the
 // hidden file of a run still going stays.
 TEST(Cli, A_Killed_Runs_Leftover_Goes_At_The_Next_Write) {
   Temp_Folder folder;
+#ifdef _WIN32
+  Held_Program killed(VORLANE_CLI_PROGRAM), still_going(VORLANE_CLI_PROGRAM);
+  killed.Kill();
+  const unsigned long gone = killed.Number(), alive = still_going.Number();
+#else
   const pid_t gone = ::fork();
   if (gone == 0) ::_exit(0);
   ::waitpid(gone, nullptr, 0);
+  const pid_t alive = ::getppid();
+#endif
   const std::string leftover = ".vorlane-" + std::to_string(gone) + "-Ab12Cd";
-  const std::string running = ".vorlane-" + std::to_string(::getppid()) + "-Ef34Gh";
+  const std::string running = ".vorlane-" + std::to_string(alive) + "-Ef34Gh";
   folder.Write(leftover, Bytes(1600, 0));
   folder.Write(running, Bytes(1600, 0));
+#ifdef _WIN32
+  // As the program makes them; it takes no file for its own that is not hidden.
+  Hide(folder.Path(leftover));
+  Hide(folder.Path(running));
+#endif
   Disk().Write(folder.Path("new.npc"), Bytes(1600, 1));
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{running, "new.npc"}));
 }

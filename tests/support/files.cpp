@@ -1,17 +1,10 @@
 #include "support/files.h"
 
-#ifndef _WIN32
-#include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-#endif
-
 #include <algorithm>
-
 #include <fstream>
 #include <iterator>
 #include <random>
+
 #include "system/failure.h"
 #include "system/text.h"
 
@@ -26,6 +19,11 @@ Temp_Folder::Temp_Folder() {
 Temp_Folder::~Temp_Folder() {
   std::error_code ec;
   fs::permissions(root_, fs::perms::owner_all, fs::perm_options::add, ec);
+#ifdef _WIN32
+  // Windows removes no read-only file.
+  for (const auto& entry : fs::recursive_directory_iterator(root_, ec))
+    fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add, ec);
+#endif
   fs::remove_all(root_, ec);
 }
 
@@ -40,7 +38,7 @@ std::string Temp_Folder::Write(const std::string& name, const Bytes& bytes) cons
 
 std::vector<std::string> Temp_Folder::Names() const {
   std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(root_)) names.push_back(entry.path().filename().string());
+  for (const auto& entry : fs::directory_iterator(root_)) names.push_back(text::Text(entry.path().filename()));
   std::sort(names.begin(), names.end());
   return names;
 }
@@ -117,26 +115,3 @@ void Failing_Disk::Write_Chunk(Native_File fd, const std::uint8_t* data, std::si
   Disk_Files::Write_Chunk(fd, data, size / 2);
   throw Run_Time_Error("disk full");
 }
-
-#ifndef _WIN32
-Folder_Without_New_Files::Folder_Without_New_Files(const std::string& path)
-    : path_(path), fd_(::open(path.c_str(), O_RDONLY | O_DIRECTORY)) {
-  int flags = 0;
-  if (::ioctl(fd_, FS_IOC_GETFLAGS, &flags) == 0) {
-    flags |= FS_IMMUTABLE_FL;
-    immutable_ = ::ioctl(fd_, FS_IOC_SETFLAGS, &flags) == 0;
-  }
-  if (!immutable_)
-    std::filesystem::permissions(path, std::filesystem::perms::owner_write, std::filesystem::perm_options::remove);
-}
-
-Folder_Without_New_Files::~Folder_Without_New_Files() {
-  int flags = 0;
-  if (immutable_ && ::ioctl(fd_, FS_IOC_GETFLAGS, &flags) == 0) {
-    flags &= ~FS_IMMUTABLE_FL;
-    ::ioctl(fd_, FS_IOC_SETFLAGS, &flags);
-  }
-  std::filesystem::permissions(path_, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
-  ::close(fd_);
-}
-#endif

@@ -19,6 +19,7 @@ class Temp_Folder {
   Temp_Folder(const Temp_Folder&) = delete;
   Temp_Folder& operator=(const Temp_Folder&) = delete;
 
+  // The path of a name in it: "" for the folder itself.
   std::string Path(const std::string& name) const;
   std::string Write(const std::string& name, const Bytes& bytes) const;
   // The names of the entries in the folder, sorted.
@@ -63,15 +64,49 @@ class Failing_Disk : public Disk_Files {
   void Write_Chunk(Native_File fd, const std::uint8_t* data, std::size_t size) override;
 };
 
-// While it lives, the folder takes no new file: it is immutable, or, where that can't be had, it
-// loses its write permission (which root passes).
-class Folder_Without_New_Files {
+// While it lives, no new file can take the place of the file at `path`, and a write goes into the
+// file itself. On POSIX systems its folder takes no new file: it is immutable, or, where that
+// can't be had, it loses its write permission (which root passes). On Windows another program
+// holds the file open, as a game or an editor may, and lets it be read and written but not
+// replaced.
+class Unreplaceable {
  public:
-  explicit Folder_Without_New_Files(const std::string& path);
-  ~Folder_Without_New_Files();
+  explicit Unreplaceable(const std::string& path);
+  ~Unreplaceable();
+  Unreplaceable(const Unreplaceable&) = delete;
+  Unreplaceable& operator=(const Unreplaceable&) = delete;
 
  private:
-  std::string path_;
-  int fd_;
+  std::string folder_;
+  Native_File held_;
   bool immutable_ = false;
 };
+
+#ifdef _WIN32
+// A program run to its end in a folder: what it wrote to its standard output and error, and its
+// exit status.
+struct Program_Run {
+  std::string Out, Err;
+  unsigned long Status = 0;
+};
+Program_Run Run_Program(const std::string& program, const std::vector<std::string>& args, const std::string& folder);
+
+// A program started but held before its first step: a process that is there until it is ended.
+class Held_Program {
+ public:
+  explicit Held_Program(const std::string& program);
+  ~Held_Program();
+  Held_Program(const Held_Program&) = delete;
+  Held_Program& operator=(const Held_Program&) = delete;
+  unsigned long Number() const { return number_; }
+  // Ends it outright, as the task manager does, and waits until it is gone.
+  void Kill();
+
+ private:
+  void* process_;
+  unsigned long number_;
+};
+
+// Gives the file the hidden attribute.
+void Hide(const std::string& path);
+#endif
