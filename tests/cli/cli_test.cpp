@@ -25,6 +25,7 @@
 #include "fields/field_map.h"
 #include "support/data.h"
 #include "support/fixture.h"
+#include "system/paths.h"
 #include "system/text.h"
 #include "ui/byte_grid.h"
 #include "ui/navigation.h"
@@ -244,6 +245,43 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   EXPECT_EQ(std::chrono::floor<std::chrono::seconds>(std::chrono::file_clock::to_sys(extracted)).time_since_epoch(),
             std::chrono::seconds(1083412800));
   EXPECT_FALSE(fs::exists(text::Path(folder.Path("x.npc"))) || fs::exists(text::Path(folder.Path("../x.npc"))));
+}
+
+// What extract may make: a name that stays in its folder and names no device, and a file
+// dated as its entry was.
+TEST(Cli, Extract_Makes_Only_Plain_Names_With_Their_Dates) {
+  for (const char* name : {"", ".", "..", "a/b", "bell\x07.npc", "\xE9.npc", "new\nline"})
+    EXPECT_FALSE(sys::Plain_Name(name)) << name;
+  for (const char* name : {"078.npc", "Ёжик.npc", ".hidden", "CONSOLE.npc", "com0.npc", "a..b"})
+    EXPECT_TRUE(sys::Plain_Name(name)) << name;
+  const std::vector<std::string> windows_only = {"CON", "nul.txt", "Com1.npc", "lpt9", "aux .npc", "a.", "a ",
+                                                 "x:y", "a\\b", "a*b", "a?b", "a\"b", "a<b", "a>b", "a|b"};
+  for (const std::string& name : windows_only) {
+#ifdef _WIN32
+    EXPECT_FALSE(sys::Plain_Name(name)) << name;
+#else
+    EXPECT_TRUE(sys::Plain_Name(name)) << name;
+#endif
+  }
+  Temp_Folder folder;
+  const std::string made = folder.Path("made");
+  EXPECT_EQ(sys::Make_Folder(made), "");
+  EXPECT_EQ(sys::Make_Folder(made), "");  // there already
+  folder.Write("file", {1});
+  EXPECT_EQ(sys::Make_Folder(folder.Path("file")), "a file, not a folder");
+  EXPECT_EQ(sys::Make_Folder(folder.Path("none/made")), sys::No_Such_File);
+  // Half a second into 2004, and before 1970 where the system has the dates (wine keeps none of
+  // them, and the C++ library on Windows reads whole seconds).
+  std::vector<std::int64_t> seconds = {1083412800};
+#ifndef _WIN32
+  seconds.push_back(-86400);
+#endif
+  for (const std::int64_t second : seconds) {
+    ASSERT_EQ(sys::Set_Modified(folder.Path("file"), second * 1000000000 + 500000000), "");
+    const auto time = std::chrono::file_clock::to_sys(fs::last_write_time(text::Path(folder.Path("file"))));
+    EXPECT_EQ(std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count(), second);
+  }
+  EXPECT_EQ(sys::Set_Modified(folder.Path("none"), 0), sys::No_Such_File);
 }
 
 #ifdef _WIN32
