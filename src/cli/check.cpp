@@ -1,6 +1,7 @@
 // check: the values that the editor calls wrong, over files and whole folders.
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <set>
 #include <sstream>
 #include <string>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "cli/cli.h"
+#include "cli/in_order.h"
 #include "cli/session.h"
 #include "fields/explain.h"
 #include "store/file_commands.h"
@@ -158,64 +160,106 @@ bool Files_Under(Session& session, const std::string& root, bool npc_only, std::
   return !walk.failed;
 }
 
+namespace {
+
+// What the check of one file found: its lines for the output and for the errors.
+struct File_Findings {
+  std::string out, err;
+  bool failed = false;  // an error line was written
+};
+
+// Checks files of a list one after another in a window of its own, with the files that their
+// records pass control to.
+class File_Checker {
+ public:
+  File_Checker(const std::vector<std::string>& files, bool unknown) : files_(files), unknown_(unknown) {}
+
+  File_Findings operator()(std::size_t i) {
+    const std::string& file = files_[i];
+    std::ostringstream out;
+    session_.failed = false;
+    const auto finding = [&](const std::string& what) {
+      out << text::Printable(file) << ": " << text::Printable(what) << '\n';
+    };
+    std::string size_message;
+    if (!session_.Open(file, &size_message)) {
+      if (!size_message.empty()) finding(size_message);
+      return Findings(out);
+    }
+    const std::string remark = File_Type_Report(session_.window).Remark;
+    if (!remark.empty()) finding(remark);
+
+    for (int k = 1; k <= image::Records; ++k) {
+      const Record_View record = session_.Record(k);
+      if (!record.Exists()) continue;
+      for (const Field_View& field : record.Fields)
+        if (field.Found == Finding::Wrong_Value || (unknown_ && field.Found == Finding::Unnamed_Code))
+          finding(record.Heading + ", " + std::string(field.Of->Caption) + ": " + field.Sentence);
+
+      // Control passed to a record of a character whose file lies beside this one.
+      const auto npc = fields::Goto_Npc(hex::Byte_Value(session_.window.L(goto_npc_.First).Caption));
+      const auto target = fields::Goto_Record(hex::Byte_Value(session_.window.L(goto_record_.First).Caption));
+      if (!npc || !target) continue;
+      const std::string target_file = targets_.File_Of(text::Folder_Of(file), *npc);
+      if (target_file.empty()) continue;
+      const std::string& no_record = targets_.No_Record(target_file, *target);
+      if (no_record.empty()) continue;
+      const auto passed = std::find_if(record.Fields.begin(), record.Fields.end(),
+                                       [&](const Field_View& field) { return field.Of == &goto_record_; });
+      finding(record.Heading + ", " + std::string(goto_record_.Caption) + ": " + passed->Sentence + "; " + no_record);
+    }
+    return Findings(out);
+  }
+
+ private:
+  File_Findings Findings(const std::ostringstream& out) {
+    File_Findings findings{out.str(), err_.str(), session_.failed};
+    err_.str({});
+    return findings;
+  }
+
+  const std::vector<std::string>& files_;
+  const bool unknown_;
+  const Field& goto_npc_ = Field_Named("Goto_Npc");
+  const Field& goto_record_ = Field_Named("Goto_Record");
+  std::ostringstream err_;
+  Session session_{err_};
+  Targets targets_;
+};
+
+}  // namespace
+
 int Check(const Args& args, std::ostream& out, std::ostream& err) {
   const bool unknown = args.Has("--unknown");
   bool failed = false;
 
   // The files: those given (a file that can't be read says why when it is opened), and the .npc
   // files of the folders and archives given, in the order of their paths.
-  Session session(err);
   std::vector<std::string> files;
-  for (const std::string& path : args.operands) {
-    if (!Is_Tree(session, path)) {
-      files.push_back(path);
-      continue;
+  {
+    Session session(err);
+    for (const std::string& path : args.operands) {
+      if (!Is_Tree(session, path)) {
+        files.push_back(path);
+        continue;
+      }
+      std::vector<Found_File> found;
+      failed = !Files_Under(session, path, true, found, err) || failed;
+      for (const Found_File& file : found) files.push_back(file.path);
     }
-    std::vector<Found_File> found;
-    failed = !Files_Under(session, path, true, found, err) || failed;
-    for (const Found_File& file : found) files.push_back(file.path);
   }
 
-  const Field& goto_npc = Field_Named("Goto_Npc");
-  const Field& goto_record = Field_Named("Goto_Record");
-  Targets targets;
+  // The files are checked on every core, and what each says is printed in their order.
   bool any = false;
-  const auto finding = [&](const std::string& file, const std::string& what) {
-    out << text::Printable(file) << ": " << text::Printable(what) << '\n';
-    any = true;
-  };
-  for (const std::string& file : files) {
-    std::string size_message;
-    if (!session.Open(file, &size_message)) {
-      if (!size_message.empty()) finding(file, size_message);
-      continue;
-    }
-    const std::string remark = File_Type_Report(session.window).Remark;
-    if (!remark.empty()) finding(file, remark);
-
-    for (int k = 1; k <= image::Records; ++k) {
-      const Record_View record = session.Record(k);
-      if (!record.Exists()) continue;
-      for (const Field_View& field : record.Fields)
-        if (field.Found == Finding::Wrong_Value || (unknown && field.Found == Finding::Unnamed_Code))
-          finding(file, record.Heading + ", " + std::string(field.Of->Caption) + ": " + field.Sentence);
-
-      // Control passed to a record of a character whose file lies beside this one.
-      const auto npc = fields::Goto_Npc(hex::Byte_Value(session.window.L(goto_npc.First).Caption));
-      const auto target = fields::Goto_Record(hex::Byte_Value(session.window.L(goto_record.First).Caption));
-      if (!npc || !target) continue;
-      const std::string target_file = targets.File_Of(text::Folder_Of(file), *npc);
-      if (target_file.empty()) continue;
-      const std::string& no_record = targets.No_Record(target_file, *target);
-      if (no_record.empty()) continue;
-      const auto passed = std::find_if(record.Fields.begin(), record.Fields.end(),
-                                       [&](const Field_View& field) { return field.Of == &goto_record; });
-      finding(file,
-              record.Heading + ", " + std::string(goto_record.Caption) + ": " + passed->Sentence + "; " + no_record);
-    }
-  }
-  if (failed || session.failed) return Failed;
-  return any ? Found : Done;
+  In_Order(
+      files.size(), Threads_For(files.size()), [&] { return std::make_unique<File_Checker>(files, unknown); },
+      [&](std::size_t, const File_Findings& findings) {
+        out << findings.out;
+        err << findings.err;
+        any = any || !findings.out.empty();
+        failed = failed || findings.failed;
+      });
+  return failed ? Failed : any ? Found : Done;
 }
 
 }  // namespace cli

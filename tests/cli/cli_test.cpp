@@ -12,16 +12,21 @@
 #endif
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "cli/cli.h"
+#include "cli/in_order.h"
 #include "fields/field_map.h"
 #include "support/data.h"
 #include "support/fixture.h"
@@ -282,6 +287,49 @@ TEST(Cli, Extract_Makes_Only_Plain_Names_With_Their_Dates) {
     EXPECT_EQ(std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count(), second);
   }
   EXPECT_EQ(sys::Set_Modified(folder.Path("none"), 0), sys::No_Such_File);
+}
+
+// A check of many files spreads them over threads and says, in their order, what the check of
+// each alone says; and the spreading keeps the order of whatever it does, and stops at a failure.
+TEST(Cli, Check_Of_Many_Files_Says_What_Each_Says_In_Order) {
+  Temp_Folder folder;
+  const Bytes standard = Read_File(Standard);
+  for (int n = 0; n < 60; ++n) {
+    Bytes file = standard;
+    file[static_cast<std::size_t>(32 * (n % 10) + 4 + n % 20)] = static_cast<std::uint8_t>(0xF0 + n % 16);
+    folder.Write((n < 10 ? "0" : "") + std::to_string(n) + ".npc", n % 7 == 3 ? Bytes(n, 0) : file);
+  }
+  std::string each;
+  for (const std::string& name : folder.Names()) {
+    std::ostringstream out, err;
+    cli::Run({"check", "--unknown", folder.Path(name)}, out, err);
+    each += out.str() + err.str();
+  }
+  std::ostringstream out, err;
+  EXPECT_EQ(cli::Run({"check", "--unknown", folder.Path("")}, out, err), 1);
+  EXPECT_EQ(out.str() + err.str(), each);
+  EXPECT_GT(std::count(each.begin(), each.end(), '\n'), 60);
+
+  for (const unsigned threads : {1u, 3u}) {
+    std::vector<std::size_t> done;
+    std::atomic<int> workers = 0;
+    const auto square = [&] {
+      ++workers;
+      return std::make_unique<std::function<std::size_t(std::size_t)>>([](std::size_t i) {
+        std::this_thread::sleep_for(std::chrono::microseconds((i * 7919) % 300));
+        if (i == 150) throw std::runtime_error("item 150");
+        return i * i;
+      });
+    };
+    const auto take = [&](std::size_t i, std::size_t result) {
+      EXPECT_EQ(result, i * i);
+      done.push_back(i);
+    };
+    EXPECT_THROW(cli::In_Order(200, threads, square, take), std::runtime_error);
+    ASSERT_EQ(done.size(), 150u) << threads;
+    for (std::size_t i = 0; i < done.size(); ++i) EXPECT_EQ(done[i], i);
+    EXPECT_LE(workers, static_cast<int>(threads));
+  }
 }
 
 #ifdef _WIN32
