@@ -158,8 +158,7 @@ Window_View::Window_View(Input_Sink& sink, Form_Window& form, HWND owner, const 
                           top_, nullptr, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, 600);
   Build_Controls();
-  Stack();
-  Layout();
+  Size_Window();
   if (row.Styles & window_style::Topmost) SetWindowPos(top_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
   Place(screen);
   Render();
@@ -208,17 +207,21 @@ void Window_View::Build_Controls() {
   widgets_.assign(rows.size(), nullptr);
   widgets_[0] = top_;
   rows_[top_] = 0;
-  for (std::size_t i = 1; i < rows.size(); ++i) {
+  // Each new control goes below its siblings: made in the stacking order, they stand in it.
+  for (const std::size_t i : Stacking_Order()) {
     const Control& row = rows[i];
     const Made made = Made_Of(row);
-    if (!made.Class) continue;
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | made.Style | (row.Visible ? WS_VISIBLE : 0) |
                         (row.Tab_Index >= 0 ? WS_TABSTOP : 0);
-    HWND hwnd = CreateWindowExW(made.Ex_Style, made.Class, W(row.Caption).c_str(), style, 0, 0, 0, 0, top_,
+    // Made where it stands, in its font: moving a hundred controls afterwards costs as much again.
+    const Rect place = Place_In_Window(row);
+    HWND hwnd = CreateWindowExW(made.Ex_Style, made.Class, W(row.Caption).c_str(), style, Px(place.Left),
+                                Px(place.Top), Px(place.Width), Px(place.Height), top_,
                                 reinterpret_cast<HMENU>(static_cast<UINT_PTR>(First_Id + i)),
                                 GetModuleHandleW(nullptr), nullptr);
     widgets_[i] = hwnd;
     rows_[hwnd] = i;
+    SendMessageW(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(Font_Of(row)), FALSE);
     SetWindowSubclass(hwnd, Control_Proc, 1, reinterpret_cast<DWORD_PTR>(this));
     switch (row.Kind) {
       case Control_Kind::Status_Panel: {
@@ -237,17 +240,10 @@ void Window_View::Build_Controls() {
     }
     if (!row.Accessible_Name.empty()) Set_Accessible_Name(hwnd, row.Accessible_Name);
     if (!row.Accessible_Description.empty()) Set_Accessible_Description(hwnd, row.Accessible_Description);
-    TOOLINFOW tool{};
-    tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = top_;
-    tool.uId = reinterpret_cast<UINT_PTR>(hwnd);
-    tool.lpszText = const_cast<wchar_t*>(L"");
-    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
   }
 }
 
-void Window_View::Stack() {
+std::vector<std::size_t> Window_View::Stacking_Order() const {
   // Windows keeps one order of siblings for both stacking and the focus: the controls that take
   // the focus lie above the others in the order of their tab indexes, a lower z-order lies
   // below, a later control over an earlier one, and a frame, which is no container here, below
@@ -255,7 +251,7 @@ void Window_View::Stack() {
   const std::span<const Control> rows = controls::Of(name_);
   std::vector<std::size_t> order;
   for (std::size_t i = 1; i < rows.size(); ++i)
-    if (widgets_[i]) order.push_back(i);
+    if (Made_Of(rows[i]).Class) order.push_back(i);
   const auto key = [&](std::size_t i) {
     const Control& row = rows[i];
     if (row.Kind == Control_Kind::Frame) return std::tuple(1, row.Place.Width * row.Place.Height, 0, 0);
@@ -263,7 +259,7 @@ void Window_View::Stack() {
     return std::tuple(0, -row.Z_Order, row.Tab_Index < 0 ? 1 : 0, order);
   };
   std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return key(a) < key(b); });
-  for (std::size_t i : order) SetWindowPos(widgets_[i], HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  return order;
 }
 
 HFONT Window_View::Font(const Control_Font& font) {
@@ -285,23 +281,29 @@ HBRUSH Window_View::Brush(std::int32_t colour) {
   return brushes_[colour] = CreateSolidBrush(Colour_Ref(colour));
 }
 
+HFONT Window_View::Font_Of(const Control& row) {
+  return Font(row.Font.Face.empty() ? controls::Window_Row(name_).Font : row.Font);
+}
+
 void Window_View::Layout() {
   const std::span<const Control> rows = controls::Of(name_);
-  const Control& window = rows.front();
-  RECT outer{0, 0, Px(window.Place.Width), Px(window.Place.Height)};
-  AdjustWindowRectExForDpi(&outer, static_cast<DWORD>(GetWindowLongPtrW(top_, GWL_STYLE)), menu_ != nullptr,
-                           static_cast<DWORD>(GetWindowLongPtrW(top_, GWL_EXSTYLE)), static_cast<UINT>(dpi_));
-  SetWindowPos(top_, nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   for (std::size_t i = 1; i < rows.size(); ++i) {
     if (!widgets_[i]) continue;
     const Rect place = Place_In_Window(rows[i]);
     SetWindowPos(widgets_[i], nullptr, Px(place.Left), Px(place.Top), Px(place.Width), Px(place.Height),
                  SWP_NOZORDER | SWP_NOACTIVATE);
-    SendMessageW(widgets_[i], WM_SETFONT, reinterpret_cast<WPARAM>(Font(rows[i].Font.Face.empty() ? window.Font
-                                                                                                    : rows[i].Font)),
-                 FALSE);
+    SendMessageW(widgets_[i], WM_SETFONT, reinterpret_cast<WPARAM>(Font_Of(rows[i])), FALSE);
   }
+  Size_Window();
+}
+
+void Window_View::Size_Window() {
+  const Control& window = controls::Window_Row(name_);
+  RECT outer{0, 0, Px(window.Place.Width), Px(window.Place.Height)};
+  AdjustWindowRectExForDpi(&outer, static_cast<DWORD>(GetWindowLongPtrW(top_, GWL_STYLE)), menu_ != nullptr,
+                           static_cast<DWORD>(GetWindowLongPtrW(top_, GWL_EXSTYLE)), static_cast<UINT>(dpi_));
+  SetWindowPos(top_, nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   if (window.Ellipse.Width > 0) {
     const Rect& e = window.Ellipse;
     SetWindowRgn(top_, CreateEllipticRgn(Px(e.Left), Px(e.Top), Px(e.Left + e.Width), Px(e.Top + e.Height)), TRUE);
@@ -366,11 +368,14 @@ void Window_View::Set(std::size_t i, const Model& model, const Shown& shown, uns
   const auto tip = [&] {
     TOOLINFOW tool{};
     tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = top_;
     tool.uId = reinterpret_cast<UINT_PTR>(hwnd);
     std::wstring text = W(shown.Tip);
+    // A control joins the tooltip when it first has a tip.
+    const bool known = SendMessageW(tips_, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
     tool.lpszText = text.data();
-    SendMessageW(tips_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tips_, known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     Set_Accessible_Description(hwnd, shown.Tip.empty() ? row.Accessible_Description : std::string_view(shown.Tip));
   };
   switch (row.Kind) {

@@ -60,15 +60,19 @@ class Window_View {
 
   void Build_Controls();
   void Build_Menus();
-  void Stack();
-  // Sizes the window for its client area and puts every control at its place, at the dpi.
+  // The rows that become controls, from the top of the stack down.
+  std::vector<std::size_t> Stacking_Order() const;
+  // Puts every control at its place, in its font, and sizes the window for its client area, at
+  // the dpi.
   void Layout();
+  void Size_Window();
   void Place(const Screen_Size& screen);
   void Set(std::size_t row, const Model& model, const Shown& shown, unsigned what);
   void Set_Window(const Shown& shown, unsigned what);
   void Paint_Lines(HDC dc);
   LRESULT Colour(HDC dc, HWND control);
   HFONT Font(const Control_Font& font);
+  HFONT Font_Of(const Control& row);  // its own font, or the window's
   HBRUSH Brush(std::int32_t colour);
   int Px(std::int32_t twips) const;
   template <class Input>

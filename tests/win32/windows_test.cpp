@@ -6,12 +6,16 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "form/about_form.h"
+#include "form/control_table.h"
 #include "form/edit_form.h"
 #include "form/recording_platform.h"
 #include "support/files.h"
@@ -167,6 +171,19 @@ TEST(Windows, AtTheScreensResolutionEveryControlHasItsPlace) {
   EXPECT_EQ(Place(cell.left, cell.top, cell.right - cell.left),
             Place(To_Pixels(720, dpi), To_Pixels(950, dpi), To_Pixels(260, dpi)));
   EXPECT_EQ(Text(main.Handle()), "Vorlane");
+  // Tab goes round the controls that take the focus in the order of their tab indexes.
+  std::vector<std::pair<int, std::string_view>> tab_order;
+  for (const Control& row : controls::Of(window::Main)) {
+    HWND hwnd = row.Tab_Index < 0 ? nullptr : main.Widget(row.Name);
+    if (hwnd && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd)) tab_order.emplace_back(row.Tab_Index, row.Name);
+  }
+  std::sort(tab_order.begin(), tab_order.end());
+  ASSERT_GE(tab_order.size(), 3u);
+  HWND at = main.Widget(tab_order.front().second);
+  for (std::size_t i = 1; i <= tab_order.size(); ++i) {
+    at = GetNextDlgTabItem(main.Handle(), at, FALSE);
+    EXPECT_EQ(main.Control_Of(at), tab_order[i % tab_order.size()].second) << i;
+  }
   // The window system activates the window a moment after it is shown.
   HWND slider = program.Control(window::Main, "Slider");
   for (int i = 0; i < 100 && GetFocus() != slider; ++i) Sleep(20), program.Pump();
