@@ -12,6 +12,8 @@ namespace cli {
 
 Session::Session(std::ostream& err) : err_(err) {
   platform.Quiet = true;
+  // The command line reads any message that a speech file holds.
+  window.Edt_Last_Position = std::nullopt;
   Event([&] { Form_Load(window); });
 }
 
@@ -110,22 +112,13 @@ void Session::Explain_Byte_14() {
   }
   // The pane keeps what it showed last when it reads nothing: each record starts clean.
   window.L_Edt.Caption.clear();
-  // The explanation names the message in L_Message and has the pane's reader read it. That
-  // reader stops at the editor's 16-bit positions; the command line reads any message that the
-  // file holds. So the pane reads nothing while the explanation runs, and the message it named,
-  // if any ("-1" is a record that says nothing), is read after it without that limit.
-  const Speech_Kind kind = window.Edt_Kind;
-  window.L_Message.Caption = "-1";
-  window.Edt_Kind = No_Speech;
   Event([&] { Info_For_Byte_14(window); });
-  window.Edt_Kind = kind;
-  if (window.Check.Value == 1 && window.L_Message.Caption != "-1") Event([&] { Read_EDT(window, std::nullopt); });
   file = npc_file;
 }
 
 void Session::Read_Message(std::int64_t n) {
   window.L_Message.Caption = std::to_string(n);
-  Event([&] { Read_EDT(window, std::nullopt); });
+  Event([&] { Read_EDT(window); });
 }
 
 bool Session::Speech(const std::string& path, Speech_Kind kind) {

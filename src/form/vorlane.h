@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -113,6 +114,10 @@ struct Vorlane : Form_Window {
   std::int16_t Edt_Entry_Size = 0;
   std::string Edt_Path;
   std::int64_t Edt_File_Size = 0;
+  // The last position (1-based) that the walk through a message may reach: the editor counts in
+  // signed 16 bits, so the last message it shows is 67 of 480 bytes, 101 of 320. None: any
+  // message that the file holds is read (the command line reads them all).
+  std::optional<std::int64_t> Edt_Last_Position = 32767;
 
   // --- The other windows, alive while shown -----------------------------------------------
   std::unique_ptr<Edit_Form> Edit;

@@ -77,7 +77,8 @@ std::int32_t speech::Message_Number(const Vorlane& vForm) {
   return *n;
 }
 
-void Read_EDT(Vorlane& vForm, std::optional<std::int64_t> last_position) {
+void Read_EDT(Vorlane& vForm) {
+  const std::optional<std::int64_t> last_position = vForm.Edt_Last_Position;
   if (vForm.Edt_Kind == No_Speech) return;
   try {
     vForm.Txt_Free.Text.clear();

@@ -7,18 +7,9 @@
 
 #include "form/vorlane.h"
 
-namespace speech {
-// The last position (1-based) that the editor's walk can reach: it counts in signed 16 bits, so
-// the last message it shows is 67 of 480 bytes, 101 of 320.
-inline constexpr std::int64_t Editor_Last_Position = 32767;
-}  // namespace speech
-
 // Decodes the message whose number stands in L_Message from the bound speech file into L_Edt.
-// A message that ends beyond `last_position` takes the failure road; with no last position, any
-// message that the file holds is read (the command line reads them all).
-void Read_EDT(Vorlane& vForm, std::optional<std::int64_t> last_position);
-// The editor's reader: Read_EDT with the editor's last position.
-inline void Read_EDT(Vorlane& vForm) { Read_EDT(vForm, speech::Editor_Last_Position); }
+// A message that ends beyond Edt_Last_Position takes the failure road.
+void Read_EDT(Vorlane& vForm);
 
 namespace speech {
 // The size of one message in a speech file of this kind: 320 for civilians' dialogues, else 480.
