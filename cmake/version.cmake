@@ -17,5 +17,5 @@ file(STRINGS ${PROJECT_SOURCE_DIR}/data/debian/changelog entry LIMIT_COUNT 1)
 string(REGEX MATCH "^vorlane \\(([^)]*)\\)" entry "${entry}")
 if(NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
   message(FATAL_ERROR "data/debian/changelog: the newest entry is \"${CMAKE_MATCH_1}\", "
-    "but the project's version is ${PROJECT_VERSION}: add an entry for it at the top (dch -v ${PROJECT_VERSION}).")
+    "but the project's version is ${PROJECT_VERSION}: add an entry for it at the top.")
 endif()

@@ -53,6 +53,8 @@ Var ModePage.AllUsers
 Page custom Mode_Page Mode_Page_Leave
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_RUN "$INSTDIR\vorlane.exe"
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW Finish_Page_Show
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
@@ -223,6 +225,15 @@ Function Mode_Page_Leave
     StrCpy $AllUsers 0
   ${EndIf}
   Call Set_Mode
+FunctionEnd
+
+; The editor is offered to start once installed, but not by an install for all users: that one
+; may have been given administrator rights, and the editor would run with them.
+Function Finish_Page_Show
+  ${If} $AllUsers == 1
+    ${NSD_Uncheck} $mui.FinishPage.Run
+    ShowWindow $mui.FinishPage.Run ${SW_HIDE}
+  ${EndIf}
 FunctionEnd
 
 Section

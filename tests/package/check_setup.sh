@@ -10,7 +10,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 source scripts/packages.sh
-Need_Packages wine64 wine
+Need_Packages wine64 wine binutils
 version=$(sed -n 's/^project(Vorlane VERSION \([^ ]*\) .*/\1/p' CMakeLists.txt)
 setup=$(realpath "${1:-build/package/vorlane-$version-setup.exe}")
 fail() { echo "check_setup: $*" >&2; exit 1; }
