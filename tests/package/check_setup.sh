@@ -51,7 +51,7 @@ Expect() {
 Version_Resource() {
   local file=$1 offset words
   # The numbers follow the signature of VS_FIXEDFILEINFO and its own version, as 16-bit words.
-  offset=$(LC_ALL=C grep -obUaP '\xbd\x04\xef\xfe' "$file" | head -1 | cut -d: -f1)
+  offset=$(LC_ALL=C grep -m1 -obUaP '\xbd\x04\xef\xfe' "$file" | cut -d: -f1)
   [ -n "$offset" ] || { echo "no version resource"; return; }
   read -r -a words < <(od -An -tu2 -j $((offset + 8)) -N 8 "$file")
   echo "${words[1]}.${words[0]}.${words[3]}.${words[2]}" \
