@@ -25,4 +25,8 @@ install(FILES ${VORLANE_ICON_PNG} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hic
 # Software centres look the description up by its component id.
 install(FILES data/vorlane.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME io.github.vorlane.vorlane.metainfo.xml)
-install(FILES data/vorlane.1 data/vorlane-cli.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# The manual pages name the version in their footer.
+foreach(page vorlane.1 vorlane-cli.1)
+  configure_file(data/${page} ${CMAKE_CURRENT_BINARY_DIR}/man/${page} @ONLY)
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/man/${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()

@@ -1,7 +1,7 @@
 # The Windows programs: the editor on the Win32 API and the command line, each one static file
 # with its icon, manifest and version as resources.
-set(VORLANE_VERSION_COMMAS "${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},0,0")
-set(VORLANE_VERSION_QUAD "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.0.0")
+set(VORLANE_VERSION_COMMAS "${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0")
+set(VORLANE_VERSION_QUAD "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.${PROJECT_VERSION_PATCH}.0")
 set(VORLANE_ICON "${PROJECT_SOURCE_DIR}/data/vorlane.ico")
 
 # The resources of one program.

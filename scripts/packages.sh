@@ -31,3 +31,9 @@ WINDOWS_BUILD_PACKAGES=(cmake ninja-build g++-mingw-w64-x86-64-posix zip)
 # so named here); an X server with a window manager for the windows, and xauth for xvfb-run.
 WINDOWS_TEST_PACKAGES=(googletest wine64 wine fonts-wine libxrender1 libxrandr2 libxi6 libxcursor1 libxfixes3
   libxinerama1 libxcomposite1 libxxf86vm1 xvfb xauth openbox)
+# What scripts/package needs besides those of the builds: dpkg-dev for the Debian package (build
+# flags, dependencies, control file, strip), nsis for the Windows installer.
+PACKAGE_PACKAGES=(dpkg-dev nsis)
+# What the checks of the packages need (tests/package): lintian; the packages whose triggers
+# refresh the desktop's caches when ours is installed and removed; an X server for the editor.
+PACKAGE_TEST_PACKAGES=(lintian shared-mime-info desktop-file-utils hicolor-icon-theme gtk-update-icon-cache xvfb xauth)

@@ -5,12 +5,15 @@ set -euo pipefail
 for tool in Xvfb openbox; do
   command -v "$tool" >/dev/null || { echo "with_window_manager: $tool is missing (Debian: xvfb, openbox)" >&2; exit 1; }
 done
-display=:$((90 + RANDOM % 400))
-Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+# The server picks a display that no other server holds and writes its number down.
+number_file=$(mktemp -u)
+mkfifo "$number_file"
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
 server=$!
-trap 'kill $wm $server 2>/dev/null; wait 2>/dev/null' EXIT
+trap 'kill $wm $server 2>/dev/null; wait 2>/dev/null; rm -f "$number_file"' EXIT
 wm=
-for _ in $(seq 50); do [ -e "/tmp/.X11-unix/X${display#:}" ] && break; sleep 0.1; done
+read -r -t 30 number <"$number_file" || { echo "with_window_manager: Xvfb did not start" >&2; exit 1; }
+display=:$number
 DISPLAY=$display openbox --sm-disable >/dev/null 2>&1 &
 wm=$!
 sleep 1
