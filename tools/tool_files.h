@@ -35,16 +35,19 @@ inline std::optional<Target> Target_Of(int argc, char* argv[], const char* usage
 // Writes the bytes to the path, or with `check` tells whether the file there holds them. False,
 // with a line on standard error, for a file that differs or can't be written.
 inline bool Write_Or_Check(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes, bool check) {
+  // The path as UTF-8 on every system (Windows keeps it in UTF-16).
+  const std::u8string name = path.u8string();
+  const char* shown = reinterpret_cast<const char*>(name.c_str());
   if (check) {
     std::ifstream in(path, std::ios::binary);
     if (std::vector<std::uint8_t>(std::istreambuf_iterator<char>(in), {}) == bytes) return true;
-    std::fprintf(stderr, "%s differs from what its generator makes\n", path.c_str());
+    std::fprintf(stderr, "%s differs from what its generator makes\n", shown);
     return false;
   }
   if (!path.parent_path().empty()) std::filesystem::create_directories(path.parent_path());
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
   if (out) return true;
-  std::fprintf(stderr, "cannot write %s\n", path.c_str());
+  std::fprintf(stderr, "cannot write %s\n", shown);
   return false;
 }
