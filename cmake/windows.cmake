@@ -19,14 +19,15 @@ endfunction()
 # The front end: windows, controls, dialogs and the message loop, built from the control table.
 add_library(vorlane_win32 STATIC src/win32/accessible.cpp src/win32/app.cpp src/win32/picture.cpp
   src/win32/platform.cpp src/win32/window_view.cpp)
-target_link_libraries(vorlane_win32 PUBLIC vorlane_logic comctl32 gdi32 ole32 oleaut32 oleacc uuid shell32 user32)
+target_link_libraries(vorlane_win32 PUBLIC vorlane_logic comctl32 gdi32 oleaut32 oleacc uuid user32)
 
-# The file dialogs and the About picture's decoder are loaded when they are first used, not at
-# start: their libraries are linked for delayed loading, with the functions that are called from
-# them. A function missing here fails the link.
+# The file dialogs, the About picture's decoder and COM are loaded when they are first used, not
+# at start: their libraries are linked for delayed loading, with the functions that are called
+# from them. A function missing here fails the link.
 set(vorlane_delayed_comdlg32 GetOpenFileNameW GetSaveFileNameW)
 set(vorlane_delayed_gdiplus GdiplusStartup GdipCreateBitmapFromStream GdipCreateHBITMAPFromBitmap GdipDisposeImage)
-foreach(library comdlg32 gdiplus)
+set(vorlane_delayed_ole32 CoInitializeEx CoUninitialize CoCreateInstance CreateStreamOnHGlobal)
+foreach(library comdlg32 gdiplus ole32)
   set(def ${CMAKE_CURRENT_BINARY_DIR}/delayed/${library}.def)
   string(REPLACE ";" "\n" functions "${vorlane_delayed_${library}}")
   file(CONFIGURE OUTPUT ${def} CONTENT "LIBRARY ${library}.dll\nEXPORTS\n${functions}\n")

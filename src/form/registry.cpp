@@ -148,6 +148,19 @@ unsigned Render_Cache::Compare(const Control& row, const Model& model, std::opti
   return what;
 }
 
+void Render_Cache::Made_At_Start(const Form_Window& form, unsigned made) {
+  const std::span<const Control> rows = Rows_Of(form);
+  shown_.assign(rows.size(), std::nullopt);
+  stale_.assign(rows.size(), changed::All & ~made);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    Shown& s = shown_[i].emplace();
+    s.Text = rows[i].Caption;
+    s.Back_Colour = rows[i].BackColor;
+    s.Text_Colour = Text_Colour(rows[i].BackColor, rows[i].ForeColor);
+    s.Enabled = rows[i].Enabled;
+  }
+}
+
 void Render_Cache::Take(const Form_Window& form, std::size_t i) {
   if (i >= shown_.size() || !shown_[i]) return;
   Compare(Rows_Of(form)[i], form.Models[i], shown_[i]);

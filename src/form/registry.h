@@ -75,6 +75,11 @@ class Render_Cache {
   }
   // The widget of row i already shows what the model holds (the user typed it there).
   void Take(const Form_Window& form, std::size_t i);
+  // The widgets were just made as their rows say the controls are at start: the caption, the
+  // colours, enabled or not, no tip, an empty list with no row selected, no selection in a text.
+  // Of the properties in `made`, the first render sets only what the model holds otherwise by
+  // now; the others it sets all.
+  void Made_At_Start(const Form_Window& form, unsigned made);
 
  private:
   static std::span<const Control> Rows_Of(const Form_Window& form);

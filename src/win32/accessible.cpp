@@ -17,6 +17,7 @@ namespace {
 // wait here, so that showing the windows doesn't wait for it.
 struct Annotations {
   bool started = false;
+  bool com = false;  // COM started on this thread
   IAccPropServices* services = nullptr;
   std::map<std::pair<HWND, bool>, std::string> waiting;  // (control, is a name) -> text
 };
@@ -55,11 +56,20 @@ void Start_Accessible_Annotations() {
   Annotations& state = State();
   if (state.started) return;
   state.started = true;
+  state.com = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
   if (CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
                        reinterpret_cast<void**>(&state.services)) != S_OK)
     state.services = nullptr;
   for (const auto& [key, text] : std::exchange(state.waiting, {}))
     if (IsWindow(key.first)) Annotate(key.first, key.second, text);
+}
+
+void End_Accessible_Annotations() {
+  Annotations& state = State();
+  if (state.services) state.services->Release();
+  state.services = nullptr;
+  if (state.com) CoUninitialize();
+  state.com = false;
 }
 
 }  // namespace win32

@@ -10,7 +10,11 @@ namespace win32 {
 
 void Set_Accessible_Name(HWND control, std::string_view name);
 void Set_Accessible_Description(HWND control, std::string_view description);
-// Makes the annotations that waited until the windows were up, and from now on each at once.
+// Starts COM on this thread and makes the annotations that waited until the windows were up, and
+// from now on each at once. COM's first users, this service and the file dialogs, come only once
+// the windows are up, so its libraries are not loaded before.
 void Start_Accessible_Annotations();
+// Lets the service go and ends COM on this thread, if they were started.
+void End_Accessible_Annotations();
 
 }  // namespace win32

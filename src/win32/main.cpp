@@ -1,7 +1,7 @@
 // Vorlane for Windows: an editor for the NPC script files of JA2 and UB.
 #include <windows.h>
 #include <commctrl.h>
-#include <shellapi.h>
+#include <stdlib.h>
 
 #include <string>
 #include <vector>
@@ -9,6 +9,7 @@
 #include "store/file_commands.h"
 #include "system/text_win.h"
 #include "ui/events.h"
+#include "win32/accessible.h"
 #include "win32/app.h"
 #include "win32/platform.h"
 
@@ -24,10 +25,9 @@ void Say(const std::wstring& line) {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
-  int argc = 0;
-  wchar_t** argv = CommandLineToArgvW(GetCommandLineW(), &argc);
-  std::vector<std::wstring> args(argv + 1, argv + argc);
-  LocalFree(argv);
+  // The arguments as the C runtime split them (the program is a wide one): the shell's own splitter
+  // would load the shell's library at every start.
+  std::vector<std::wstring> args(__wargv + 1, __wargv + __argc);
   if (args.size() == 1 && args[0] == L"--help") {
     Say(L"usage: vorlane [FILE]\n");
     return 0;
@@ -43,13 +43,12 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
   const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES | ICC_STANDARD_CLASSES |
                                                                       ICC_WIN95_CLASSES};
   InitCommonControlsEx(&classes);
-  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   win32::Win32_Platform platform;
   Vorlane model(Routes(), platform);
   win32::App app(model, platform);
   app.Start();
   if (args.size() == 1) app.Dispatch([&] { Open_Named(model, text::Utf8(args[0])); });
   const int status = app.Run();
-  CoUninitialize();
+  win32::End_Accessible_Annotations();
   return status;
 }

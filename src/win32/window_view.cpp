@@ -154,13 +154,14 @@ Window_View::Window_View(Input_Sink& sink, Form_Window& form, HWND owner, const 
   SetWindowLongPtrW(top_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetWindowLongPtrW(top_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Window_Proc));
   if (const UINT dpi = GetDpiForWindow(top_)) dpi_ = static_cast<int>(dpi);
-  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                          top_, nullptr, GetModuleHandleW(nullptr), nullptr);
-  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, 600);
   Build_Controls();
   Size_Window();
   if (row.Styles & window_style::Topmost) SetWindowPos(top_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
   Place(screen);
+  // The controls were made with what their rows give them at start: only what differs by now is
+  // set (the slider's value and the focus always).
+  cache_.Made_At_Start(form_, changed::Text | changed::Back_Colour | changed::Text_Colour | changed::Tip |
+                                  changed::Enabled | changed::Items | changed::Index | changed::Selection);
   Render();
 }
 
@@ -195,7 +196,7 @@ void Window_View::Build_Menus() {
     } else if (row.Caption == "-") {
       AppendMenuW(parent, MF_SEPARATOR, id, nullptr);
     } else {
-      AppendMenuW(parent, MF_STRING, id, Menu_Text(row, row.Caption).c_str());
+      AppendMenuW(parent, MF_STRING | (row.Enabled ? 0 : MF_GRAYED), id, Menu_Text(row, row.Caption).c_str());
       if (!row.Shortcut.empty()) keys.push_back(Accelerator_Of(row, id));
     }
   }
@@ -205,6 +206,7 @@ void Window_View::Build_Menus() {
 void Window_View::Build_Controls() {
   const std::span<const Control> rows = controls::Of(name_);
   widgets_.assign(rows.size(), nullptr);
+  tipped_.assign(rows.size(), false);
   widgets_[0] = top_;
   rows_[top_] = 0;
   // Each new control goes below its siblings: made in the stacking order, they stand in it.
@@ -212,7 +214,7 @@ void Window_View::Build_Controls() {
     const Control& row = rows[i];
     const Made made = Made_Of(row);
     const DWORD style = WS_CHILD | WS_CLIPSIBLINGS | made.Style | (row.Visible ? WS_VISIBLE : 0) |
-                        (row.Tab_Index >= 0 ? WS_TABSTOP : 0);
+                        (row.Enabled ? 0 : WS_DISABLED) | (row.Tab_Index >= 0 ? WS_TABSTOP : 0);
     // Made where it stands, in its font: moving a hundred controls afterwards costs as much again.
     const Rect place = Place_In_Window(row);
     HWND hwnd = CreateWindowExW(made.Ex_Style, made.Class, W(row.Caption).c_str(), style, Px(place.Left),
@@ -227,6 +229,8 @@ void Window_View::Build_Controls() {
       case Control_Kind::Status_Panel: {
         int whole = -1;
         SendMessageW(hwnd, SB_SETPARTS, 1, reinterpret_cast<LPARAM>(&whole));
+        if (!row.Caption.empty())
+          SendMessageW(hwnd, SB_SETTEXTW, Status_Part, reinterpret_cast<LPARAM>(W(row.Caption).c_str()));
         break;
       }
       case Control_Kind::Slider:
@@ -366,16 +370,24 @@ void Window_View::Set(std::size_t i, const Model& model, const Shown& shown, uns
   const Control& row = controls::Of(name_)[i];
   HWND hwnd = widgets_[i];
   const auto tip = [&] {
+    // A control joins the tooltip when it first has a tip: until then there is nothing to change,
+    // and what assistive technology reads of it is still the description it was made with. The
+    // tooltip itself is made for the window's first tip.
+    if (shown.Tip.empty() && !tipped_[i]) return;
+    if (!tips_) {
+      tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
+                              0, top_, nullptr, GetModuleHandleW(nullptr), nullptr);
+      SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, 600);
+    }
     TOOLINFOW tool{};
     tool.cbSize = sizeof tool;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = top_;
     tool.uId = reinterpret_cast<UINT_PTR>(hwnd);
     std::wstring text = W(shown.Tip);
-    // A control joins the tooltip when it first has a tip.
-    const bool known = SendMessageW(tips_, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
     tool.lpszText = text.data();
-    SendMessageW(tips_, known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tips_, tipped_[i] ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    tipped_[i] = true;
     Set_Accessible_Description(hwnd, shown.Tip.empty() ? row.Accessible_Description : std::string_view(shown.Tip));
   };
   switch (row.Kind) {

@@ -85,11 +85,12 @@ class Window_View {
   std::string_view name_;
   HWND owner_;
   HWND top_ = nullptr;
-  HWND tips_ = nullptr;
+  HWND tips_ = nullptr;  // made for the first tip
   HMENU menu_ = nullptr;
   HACCEL accelerators_ = nullptr;
   int dpi_ = 96;
   std::vector<HWND> widgets_;  // by row of the window in the control table
+  std::vector<bool> tipped_;   // by row: the control has joined the tooltip
   std::map<HWND, std::size_t> rows_;
   HBITMAP picture_ = nullptr;
   std::map<std::tuple<std::string_view, int, int, int>, HFONT> fonts_;

@@ -2,7 +2,10 @@
 // does to the hint line and the tool tips.
 #include "ui/shell.h"
 
+#include <map>
+
 #include "form/control_table.h"
+#include "form/registry.h"
 #include "support/fixture.h"
 
 namespace {
@@ -30,6 +33,53 @@ TEST_F(Shell, MovingOverAnythingButACellOrTheSliderClearsTheHint) {
     Raise(window, window::Main, control, Event::Mouse_Move);
     EXPECT_EQ(window.L_Info_Line.Caption, "") << control;
   }
+}
+
+// The render sets a widget's property only when its model changed since it was last set: all of
+// them the first time, none when nothing changed. Widgets that were made as their rows say get at
+// the first render only what the start-up changed since, and what they were not made with.
+TEST_F(Shell, TheRenderSetsOnlyWhatChanged) {
+  using Set = std::map<std::string, unsigned>;
+  const auto render = [&](Render_Cache& cache) {
+    Set set;
+    cache.Render(window, [&](const Control& row, std::size_t i, const Model& model, const Shown&, unsigned what) {
+      EXPECT_EQ(&row, &controls::Of(window::Main)[i]);
+      EXPECT_EQ(model, window.Models[i]);
+      set[std::string(row.Name)] = what;
+    });
+    return set;
+  };
+  Render_Cache cache;
+  const Set first = render(cache);
+  EXPECT_EQ(first.size(), controls::Of(window::Main).size());
+  for (const auto& [name, what] : first) EXPECT_EQ(what, changed::All) << name;
+  EXPECT_EQ(render(cache), Set{});
+  window.L_NLine.Caption = "Record #7";
+  window.Com1.Enabled = true;
+  window.L_Edt.BackColor = colour::Active_Title_Bar;
+  window.Slider.Value = 7;
+  cache.Forget(Row_Index(window, "List"), changed::Items);
+  EXPECT_EQ(render(cache), (Set{{"Com1", changed::Enabled},
+                                {"L_Edt", changed::Back_Colour | changed::Text_Colour},
+                                {"L_NLine", changed::Text},
+                                {"List", changed::Items},
+                                {"Slider", changed::Value}}));
+
+  const unsigned made = changed::All & ~(changed::Value | changed::Focus);
+  Render_Cache made_cache;
+  made_cache.Made_At_Start(window, made);
+  Set changed_since;
+  for (const auto& [name, what] : render(made_cache)) {
+    EXPECT_EQ(what & ~made, changed::Value | changed::Focus) << name;
+    if (what & made) changed_since[name] = what & made;
+  }
+  // The start-up itself names the menu's steps by the keypad's keys.
+  EXPECT_EQ(changed_since, (Set{{"Com1", changed::Enabled},
+                                {"L_Edt", changed::Back_Colour | changed::Text_Colour},
+                                {"L_NLine", changed::Text},
+                                {"nBack", changed::Text},
+                                {"nNext", changed::Text}}));
+  EXPECT_EQ(render(made_cache), Set{});
 }
 
 // Tool tips: the explanation when there is one, the file's name from 27 characters (not bytes).
