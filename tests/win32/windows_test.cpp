@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -35,6 +36,34 @@ std::string Text(HWND hwnd) {
 std::string Status_Text(HWND bar) {
   wchar_t text[1024] = L"";
   SendMessageW(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text));
+  return text::Utf8(text);
+}
+
+// The tip a control shows in its window's tooltip; none for a control the tooltip doesn't know.
+std::optional<std::string> Tip(HWND window, HWND control) {
+  struct Search {
+    HWND owner, found;
+  } search{window, nullptr};
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND hwnd, LPARAM data) {
+        auto* search = reinterpret_cast<Search*>(data);
+        wchar_t kind[64] = L"";
+        GetClassNameW(hwnd, kind, 64);
+        if (std::wstring_view(kind) != TOOLTIPS_CLASSW || GetWindow(hwnd, GW_OWNER) != search->owner) return TRUE;
+        search->found = hwnd;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  if (!search.found) return std::nullopt;
+  wchar_t text[1024] = L"";
+  TOOLINFOW tool{};
+  tool.cbSize = sizeof tool;
+  tool.hwnd = window;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  if (!SendMessageW(search.found, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool))) return std::nullopt;
+  tool.lpszText = text;
+  SendMessageW(search.found, TTM_GETTEXTW, 1024, reinterpret_cast<LPARAM>(&tool));
   return text::Utf8(text);
 }
 
@@ -213,6 +242,12 @@ TEST(Windows, ARecordIsReadPinnedEditedAndSaved) {
   EXPECT_EQ(Text(program.Control(window::Main, "L_Info_User")), "НПЦ скажет фразу №_17");
   EXPECT_EQ(Text(program.Control(window::Main, "L_Info_Line")), "Click-select / Dbl. Click-edit");
   EXPECT_EQ(Painted(program.Control(window::Main, "L_14")), GetSysColor(COLOR_ACTIVECAPTION));
+  // Over the explanation, its sentence is its tip; a control that never had a tip is no tool.
+  HWND main = program.View(window::Main).Handle();
+  EXPECT_EQ(Tip(main, program.Control(window::Main, "L_Info_User")), std::nullopt);
+  program.Mouse(window::Main, "L_Info_User", {WM_MOUSEMOVE});
+  EXPECT_EQ(Tip(main, program.Control(window::Main, "L_Info_User")), "НПЦ скажет фразу №_17");
+  EXPECT_EQ(Tip(main, program.Control(window::Main, "L_NLine")), std::nullopt);
   program.Mouse(window::Main, "L_14", {WM_LBUTTONDOWN, WM_LBUTTONUP});
   program.Mouse(window::Main, "Help", {WM_MOUSEMOVE});
   EXPECT_EQ(Text(program.Control(window::Main, "L_Info_Line")), "");
