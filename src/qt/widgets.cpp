@@ -21,6 +21,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QVariant>
+#include <QTimer>
 #include <QWindow>
 
 #include <cmath>
@@ -368,7 +369,9 @@ namespace {
 
 // Places the window again whenever its outer size comes to differ from the one it was placed
 // by: the window manager draws the frame only once the window is shown, and the menu bar takes
-// its height only then too. A move by the user changes no size, so it stands.
+// its height only then too. A move by the user changes no size, so it stands. A window manager
+// that is slow to draw the frame may take a placement for the place of what lies within it:
+// a moment after each placement the frame stands where it was put, or is put there again.
 class Placer : public QObject {
  public:
   Placer(QWidget* window, Form_Window& form, const Screen_Size& screen)
@@ -396,13 +399,28 @@ class Placer : public QObject {
     form_.Width = Twips(placed_by_.width());
     form_.Height = Twips(placed_by_.height());
     Position::Place_Controls(form_, screen_);
-    window_->move(Px(form_.Left), Px(form_.Top));
+    placed_at_ = QPoint(Px(form_.Left), Px(form_.Top));
+    window_->move(placed_at_);
+    corrections_ = 5;
+    Check_Soon();
+  }
+  void Check_Soon() {
+    QTimer::singleShot(200, this, [this] {
+      if (Outer() != placed_by_) {
+        Place();
+      } else if (window_->isVisible() && window_->frameGeometry().topLeft() != placed_at_ && corrections_-- > 0) {
+        window_->move(placed_at_);
+        Check_Soon();
+      }
+    });
   }
 
   QWidget* window_;
   Form_Window& form_;
   Screen_Size screen_;
   QSize placed_by_;
+  QPoint placed_at_;
+  int corrections_ = 0;
 };
 
 }  // namespace
