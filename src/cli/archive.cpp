@@ -79,9 +79,10 @@ void Extract_Entry(Session& session, const std::string& archive, const std::vect
     return refuse("can't be written: " + std::string(failure.what()));
   }
   out << text::Printable(member) << " -> " << text::Printable(target) << '\n';
-  if (const auto time = slf::Unix_Nanoseconds(entry.Time))
-    if (const std::string why = sys::Set_Modified(target, *time); !why.empty())
-      session.Error("written, but its date can't be set: " + why);
+  if (entry.Time == 0) return;  // no date to keep
+  const auto time = slf::Unix_Nanoseconds(entry.Time);
+  const std::string why = time ? sys::Set_Modified(target, *time) : "it lies before 1678 or after 2261";
+  if (!why.empty()) session.Error("written, but its date can't be set: " + why);
 }
 
 }  // namespace

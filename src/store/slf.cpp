@@ -177,7 +177,7 @@ std::optional<std::int64_t> Unix_Nanoseconds(std::uint64_t filetime) {
   if (filetime == 0) return std::nullopt;
   // 100 ns steps: up to 2^64 of them, which in nanoseconds from 1970 would pass 64 bits.
   const auto seconds = static_cast<std::int64_t>(filetime / 10000000) - Epoch_Difference;
-  if (seconds > INT64_MAX / 1000000000 - 1) return std::nullopt;
+  if (seconds > INT64_MAX / 1000000000 - 1 || seconds < INT64_MIN / 1000000000) return std::nullopt;
   return seconds * 1000000000 + static_cast<std::int64_t>(filetime % 10000000) * 100;
 }
 

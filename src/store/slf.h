@@ -79,7 +79,8 @@ std::string State_Words(std::uint8_t state);
 
 // A FILETIME as "2004-05-01 12:00:00" (UTC); "no date" for 0.
 std::string Date_Text(std::uint64_t filetime);
-// A FILETIME in nanoseconds since 1970 (UTC); nothing for 0, the entry that has no date.
+// A FILETIME in nanoseconds since 1970 (UTC); nothing for 0, the entry that has no date, and for a
+// date those can't hold (before 21 September 1677 or after 11 April 2262).
 std::optional<std::int64_t> Unix_Nanoseconds(std::uint64_t filetime);
 
 // A path of the archive cut into its names, for writing it under a folder of one's own; or why

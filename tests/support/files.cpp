@@ -103,7 +103,7 @@ Bytes Slf_Archive(const std::string& library_path, const std::vector<Slf_Entry>&
     put(table, static_cast<std::uint64_t>(entry.offset < 0 ? static_cast<std::int64_t>(archive.size()) : entry.offset), 4);
     put(table, static_cast<std::uint64_t>(entry.length < 0 ? static_cast<std::int64_t>(entry.bytes.size()) : entry.length), 4);
     put(table, entry.state, 4);
-    put(table, Slf_Time, 8);
+    put(table, entry.time, 8);
     put(table, 0, 4);
     archive.insert(archive.end(), entry.bytes.begin(), entry.bytes.end());
   }

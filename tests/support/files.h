@@ -44,14 +44,15 @@ void Put_Record(Bytes& file, bool buka, int k, const Bytes& record);
 // One entry of an archive made for a test: its path (256 characters or more leave no room for
 // the closing NUL), its bytes and state, and where the table says its data lies when that is not
 // where its bytes are put.
+// A FILETIME: 2004-05-01 12:00:00 UTC, the date of an entry of Slf_Archive unless given.
+inline constexpr std::uint64_t Slf_Time = 127278864000000000;
 struct Slf_Entry {
   std::string path;
   Bytes bytes;
   std::uint8_t state = 0;
   std::int64_t offset = -1, length = -1;  // -1: where its bytes are, as long as they are
+  std::uint64_t time = Slf_Time;
 };
-// A FILETIME: 2004-05-01 12:00:00 UTC, the date of every entry of Slf_Archive.
-inline constexpr std::uint64_t Slf_Time = 127278864000000000;
 // An archive made byte by byte: header, each entry's bytes in turn, then the table. The counts
 // are the entries and those in state 0 unless given.
 Bytes Slf_Archive(const std::string& library_path, const std::vector<Slf_Entry>& entries,
