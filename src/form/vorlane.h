@@ -74,8 +74,9 @@ struct Vorlane : Form_Window {
   Menu_Item* Menu(std::string_view name);
 
   // Byte cell n, 1 .. 32.
-  Label& L(int n) { return Cells[static_cast<std::size_t>(n - 1)]; }
-  const Label& L(int n) const { return Cells[static_cast<std::size_t>(n - 1)]; }
+  // A byte cell by its number, 1 to 32; another number is an element the control array lacks.
+  Label& L(int n) { return Cells.at(static_cast<std::size_t>(n - 1)); }
+  const Label& L(int n) const { return Cells.at(static_cast<std::size_t>(n - 1)); }
 
   // --- The file image ---------------------------------------------------------------------
   std::string HexImage;
