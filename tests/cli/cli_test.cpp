@@ -126,7 +126,7 @@ std::string Run_Transcript(const std::string& commands, const fs::path& folder) 
 std::string Rows_Here(const std::string& transcript) {
 #ifdef _WIN32
   static const std::set<std::string> posix_only = {"check walk", "check walk/locked", "explain secret.npc",
-                                                   "info walk/fifo.npc walk/dangling.npc nothing.npc",
+                                                   "info walk/fifo.npc walk/dangling.npc walk/loop.npc nothing.npc",
                                                    "speech secret.edt"};
   std::string rows;
   bool keep = true;
@@ -194,6 +194,7 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   fs::create_symlink("fifo", folder.Path("walk/pipe.npc"));
   fs::create_symlink("/dev/null", folder.Path("walk/null.npc"));
   fs::create_symlink("nowhere.npc", folder.Path("walk/dangling.npc"));
+  fs::create_symlink("loop.npc", folder.Path("walk/loop.npc"));
   fs::create_symlink("../mod/buka", folder.Path("walk/linked"));
   fs::create_symlink(".", folder.Path("walk/loop"));
   for (const char* hidden : {"secret.npc", "secret.edt", "walk/locked"})
@@ -211,7 +212,8 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
       {"D_078.edt", edt}, {"078.npc", changed, 1}, {"gone.npc", {}, 0xFE}, {"", {}, 0xFF}, {"odd.npc", {}, 7}});
   folder.Write("NpcData.slf", npc_data);
   folder.Write("Flat.slf", Slf_Archive("", {{"078.npc", standard}}));
-  for (const char* sub : {"mymod/NpcData", "arch/flat"}) fs::create_directories(text::Path(folder.Path(sub)));
+  for (const char* sub : {"mymod/NpcData", "arch/flat", "arch/dates"})
+    fs::create_directories(text::Path(folder.Path(sub)));
   folder.Write("mymod/NpcData/078.npc", changed);
   folder.Write("mymod/NpcData/078.edt", changed_edt);
   folder.Write("mymod/NpcData/200.npc", standard);
@@ -229,6 +231,9 @@ TEST(Cli, Every_Command_Says_What_The_Transcript_Says) {
   folder.Write("escape.slf", Slf_Archive("", {{"..\\x.npc", standard}, {"C:x.npc", standard}, {"\\x.npc", standard},
       {"a\\\\b.npc", standard}, {"bell\x07.npc", standard}, {"\xE9.npc", standard}, {"ok.npc", standard}}));
   folder.Write("climb.slf", Slf_Archive("..\\..\\", {{"x.npc", standard}}));
+  // Dates: none, the first second of 1601, the last of 9999.
+  folder.Write("dates.slf", Slf_Archive("", {{"none.npc", standard, 0, -1, -1, 0}, {"first.npc", standard, 0, -1, -1, 1},
+      {"last.npc", standard, 0, -1, -1, 2650467743990000000}}));
 
   std::stringstream expected;
   expected << std::ifstream(Data_Path("cli_transcript.txt")).rdbuf();
