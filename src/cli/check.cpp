@@ -112,7 +112,7 @@ class Folder_Walk {
         // A link to nothing, a pipe, a device: a *.npc that can't be read.
         Error(path, entry.What == sys::Kind::Missing
                         ? (entry.Link ? "a link to a file that is not there: " : "") + entry.Why
-                        : "not a regular file");
+                        : sys::Not_A_Regular_File);
       } else if (entry.What == sys::Kind::Missing && !entry.Link && entry.Why != sys::No_Such_File) {
         // Not even its kind can be seen: it may be a folder of .npc files. (One that has gone
         // since the folder was listed has nothing left to read.)

@@ -91,7 +91,7 @@ Archive_Files::Listing Archive_Files::List(const std::string& folder, bool deep)
 const slf::Entry& Archive_Files::Member(const std::string& archive, const std::string& path) {
   const slf::Archive& opened = Archive(archive);
   const slf::Entry* entry = path.empty() ? nullptr : opened.Find(path);
-  if (!entry) throw Run_Time_Error(opened.Has_Folder(path) ? "a folder, not a file" : "no such file in the archive");
+  if (!entry) throw Run_Time_Error(opened.Has_Folder(path) ? sys::A_Folder : "no such file in the archive");
   if (!entry->Fault.empty()) throw Run_Time_Error(entry->Fault);
   return *entry;
 }

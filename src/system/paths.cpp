@@ -54,10 +54,7 @@ Path_Info Examine(const std::string& path) {
 }
 
 std::string Why_Unreadable(const std::string& path) {
-  const Path_Info info = Examine(path);
-  if (info.What == Kind::Missing) return info.Why;
-  if (info.What == Kind::Folder) return "a folder, not a file";
-  if (info.What == Kind::Other) return "not a regular file";
+  if (std::string why = Why_No_File(Examine(path)); !why.empty()) return why;
   // O_NONBLOCK: should the file have become a pipe in the meantime, opening it must not wait.
   const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (fd < 0) return Words_For(errno);

@@ -11,8 +11,11 @@
 
 namespace sys {
 
-// The words for a path that names nothing.
+// The words for a path that names nothing, a folder, and something that is neither a file nor
+// a folder (a pipe, a device).
 inline constexpr const char* No_Such_File = "no such file";
+inline constexpr const char* A_Folder = "a folder, not a file";
+inline constexpr const char* Not_A_Regular_File = "not a regular file";
 
 // What a path names, its links followed.
 enum class Kind { Missing, File, Folder, Other };
@@ -27,6 +30,14 @@ struct Path_Info {
 };
 
 Path_Info Examine(const std::string& path);
+
+// Why what a path names can't be read as a file, by its kind alone; empty for a file.
+inline std::string Why_No_File(const Path_Info& info) {
+  if (info.What == Kind::Missing) return info.Why;
+  if (info.What == Kind::Folder) return A_Folder;
+  if (info.What == Kind::Other) return Not_A_Regular_File;
+  return {};
+}
 
 // Why the file at `path` can't be read: "no such file", "permission denied", "a folder, not a
 // file", "not a regular file", or the system's own words for another failure. Empty when it can

@@ -100,10 +100,7 @@ Path_Info Examine(const std::string& path) {
 }
 
 std::string Why_Unreadable(const std::string& path) {
-  const Path_Info info = Examine(path);
-  if (info.What == Kind::Missing) return info.Why;
-  if (info.What == Kind::Folder) return "a folder, not a file";
-  if (info.What == Kind::Other) return "not a regular file";
+  if (std::string why = Why_No_File(Examine(path)); !why.empty()) return why;
   Handle file{Open(text::Wide(path), GENERIC_READ)};
   return file.h == INVALID_HANDLE_VALUE ? Words_For(GetLastError()) : std::string();
 }

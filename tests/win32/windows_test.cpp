@@ -200,6 +200,31 @@ TEST(Windows, AtTheScreensResolutionEveryControlHasItsPlace) {
   EXPECT_EQ(Place(cell.left, cell.top, cell.right - cell.left),
             Place(To_Pixels(720, dpi), To_Pixels(950, dpi), To_Pixels(260, dpi)));
   EXPECT_EQ(Text(main.Handle()), "Vorlane");
+  // What the table makes disabled at start stands disabled: controls, and menu items in grey.
+  for (const char* name : {"Check", "Com1", "Com2"}) EXPECT_FALSE(IsWindowEnabled(main.Widget(name))) << name;
+  for (const char* name : {"List", "ComExit", "Slider"}) EXPECT_TRUE(IsWindowEnabled(main.Widget(name))) << name;
+  const auto plain = [](std::string text) {
+    text = text.substr(0, text.find('\t'));
+    text.erase(std::remove(text.begin(), text.end(), '&'), text.end());
+    return text;
+  };
+  std::vector<std::string> grey, expected_grey;
+  const std::function<void(HMENU)> walk = [&](HMENU menu) {
+    for (int k = 0; k < GetMenuItemCount(menu); ++k) {
+      wchar_t caption[256] = L"";
+      GetMenuStringW(menu, static_cast<UINT>(k), caption, 256, MF_BYPOSITION);
+      const UINT state = GetMenuState(menu, static_cast<UINT>(k), MF_BYPOSITION);
+      if ((state & MF_GRAYED) && !(state & MF_SEPARATOR)) grey.push_back(plain(text::Utf8(caption)));
+      if (HMENU sub = GetSubMenu(menu, k)) walk(sub);
+    }
+  };
+  walk(GetMenu(main.Handle()));
+  for (const Control& row : controls::Of(window::Main))
+    if (row.Kind == Control_Kind::Menu_Item && !row.Enabled) expected_grey.push_back(plain(std::string(row.Caption)));
+  std::sort(grey.begin(), grey.end());
+  std::sort(expected_grey.begin(), expected_grey.end());
+  EXPECT_EQ(grey, expected_grey);
+  EXPECT_EQ(grey.size(), 3u);
   // Tab goes round the controls that take the focus in the order of their tab indexes.
   std::vector<std::pair<int, std::string_view>> tab_order;
   for (const Control& row : controls::Of(window::Main)) {
